@@ -1,0 +1,19 @@
+# Settings that every target of the project takes, in one place.
+
+# zycore_settings(<target>): warnings, sanitizers and the Qt definitions of our own code.
+function(zycore_settings target)
+  target_compile_features(${target} PUBLIC cxx_std_17)
+  set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+  target_compile_definitions(${target} PRIVATE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
+  if(MSVC)
+    target_compile_options(${target} PRIVATE /W4 /utf-8 $<$<BOOL:${ZYCORE_WARNINGS_AS_ERRORS}>:/WX>)
+  else()
+    target_compile_options(${target} PRIVATE -pedantic-errors -Wall -Wextra -Wconversion -Wshadow -Wnon-virtual-dtor
+                                             -Woverloaded-virtual -Werror=format -Werror=address
+                                             $<$<BOOL:${ZYCORE_WARNINGS_AS_ERRORS}>:-Werror>)
+  endif()
+  if(ZYCORE_SANITIZE)
+    target_compile_options(${target} PRIVATE -fsanitize=${ZYCORE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(${target} PRIVATE -fsanitize=${ZYCORE_SANITIZE})
+  endif()
+endfunction()
