@@ -10,8 +10,8 @@
 /**
  * Base of every nested `Private` class. It has no data; its one virtual operation is the destructor.
  *
- * A class X declares `class ZYCORE_PRIVATE Private;`, holds one `ZyPrivatePtr<Private>` as its first member and
- * reaches it through two private accessors named `d`. Copies of X are deep.
+ * A class X declares `class ZYCORE_PRIVATE Private;`, holds one `ZyPrivatePtr<Private>` as its first member
+ * and reaches it through two private accessors named `d`. Copies of X are deep.
  */
 class ZYCORE_EXPORT ZyPrivateObject
 {
