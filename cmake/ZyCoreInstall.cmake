@@ -1,0 +1,1 @@
+# What an installed ZyCore consists of, and how other projects find it.

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// The side of the support library that hosts and tests see. The foundation library itself does not include
+// it.
+#pragma once
+
+#include <keelbase/KbTypes.h>
+
+namespace kb
+{
+
+/**
+ * Chooses where sp_GetTempFile() puts its paths, for the whole process.
+ *
+ * \param path UTF-8, with or without a final slash; null or empty: the system's temporary directory again,
+ * which is what TMPDIR names, or "/tmp" when that is no directory \threads any
+ */
+KB_API void SetTempDirectory(char const * path);
+
+} // namespace kb
