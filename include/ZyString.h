@@ -10,7 +10,7 @@
 
 #include <string>
 
-class PrintfArg;
+struct PrintfArg;
 class QString;
 class QStringRef;
 class TempString;
