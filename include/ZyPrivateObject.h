@@ -25,6 +25,7 @@ public:
         Deleter(Deleter &&) = default;
         Deleter & operator=(Deleter const &) { return *this; }
         Deleter & operator=(Deleter &&) { return *this; }
+        /** Destroys \a object, which may be null. */
         void operator()(ZyPrivateObject * object) const { delete object; }
     };
 
