@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// Everything at once. tools/check_umbrella.py --write makes this file from the other headers.
+#pragma once
+
+#include <ZyComparableString.h>
+#include <ZyContainer.h>
+#include <ZyCoreFwd.h>
+#include <ZyDeque.h>
+#include <ZyException.h>
+#include <ZyExport.h>
+#include <ZyIterator.h>
+#include <ZyList.h>
+#include <ZyMatrix.h>
+#include <ZyObject.h>
+#include <ZyPair.h>
+#include <ZyPoint.h>
+#include <ZyPrivateObject.h>
+#include <ZyRef.h>
+#include <ZySharedPtr.h>
+#include <ZyString.h>
+#include <ZyStringView.h>
+#include <ZyThrow.h>
+#include <ZyTypes.h>
+#include <ZyUniquePtr.h>
+#include <ZyVector.h>

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// Every class, declared ahead. tools/check_umbrella.py --write makes this file from the other headers.
+#pragma once
+
+class ZyBadAllocException;
+class ZyComparableString;
+class ZyDivideByZeroException;
+class ZyDomainException;
+class ZyException;
+class ZyExceptionInterface;
+class ZyIOException;
+class ZyIOInvalidReadException;
+class ZyIOInvalidWriteException;
+class ZyIndexOutOfBoundsException;
+class ZyInvalidCallException;
+class ZyInvalidCastException;
+class ZyInvalidConversionException;
+class ZyInvalidMimeDataException;
+class ZyInvalidOperationMathsException;
+class ZyInvalidParameterException;
+class ZyInvalidUseException;
+class ZyInvalidXMLAttributeName;
+class ZyInvalidXMLException;
+class ZyInvalidXMLOperation;
+class ZyInvalidXMLSchemaException;
+class ZyMathsException;
+class ZyNoClipboardException;
+class ZyNotFoundException;
+class ZyNotImplementedException;
+class ZyNullDomElementException;
+class ZyNullPointerException;
+class ZyNullXMLStreamElementException;
+class ZyObject;
+class ZyOverflowException;
+class ZyPrivateObject;
+class ZyStackLimitException;
+class ZyString;
+class ZyStringView;
+struct ZyThrow;
+class ZyUndefinedFunctionException;
+class ZyUnderflowException;
+class ZyUnknownXMLAttributeException;
+class ZyUnknownXMLElementException;
+class ZyUserCancelledException;
+class ZyXMLDuplicateRuleException;
+class ZyXMLException;
+template <class T>
+class ZyCRef;
+template <class T>
+class ZyContainer;
+template <class T, class I>
+class ZyContainerIteratorImpl;
+template <class T>
+class ZyDeque;
+template <class T, class S>
+class ZyIndexedContainer;
+template <class T>
+class ZyIterator;
+template <class T>
+class ZyIteratorImpl;
+template <class T>
+class ZyList;
+template <class T>
+class ZyMatrix;
+template <class A, class B>
+struct ZyPair;
+template <class T>
+struct ZyPointTemplate;
+template <class T>
+class ZyRef;
+template <class T>
+class ZySharedPtr;
+template <class T, class S>
+class ZyStandardContainer;
+template <class T>
+class ZyUniquePtr;
+template <class T>
+class ZyVector;
+template <class T>
+class ZyWeakPtr;
+
+using ZyPoint = ZyPointTemplate<int>;
+using ZyPointD = ZyPointTemplate<double>;
