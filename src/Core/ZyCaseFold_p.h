@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// Comparing and searching without regard to case, fast for the classic locale and right for every other.
+// The inner loops have fixed lengths and no branches, so that the compiler turns them into vector code.
+#pragma once
+
+#include <cstddef>
+#include <cstring>
+#include <locale>
+#include <string_view>
+
+namespace ZyCaseFold
+{
+/** Bytes as they stand. */
+struct None
+{
+    static constexpr bool vectorised = true;
+    unsigned char operator()(char c) const { return static_cast<unsigned char>(c); }
+};
+
+/** What the classic locale's tolower does. */
+struct Classic
+{
+    static constexpr bool vectorised = true;
+    unsigned char operator()(char c) const
+    {
+        auto const u = static_cast<unsigned char>(c);
+        return static_cast<unsigned char>(u + (static_cast<unsigned char>(u - 'A') < 26 ? 32 : 0));
+    }
+};
+
+/** The tolower of any locale, also of a facet that a host has made. */
+class Facet
+{
+public:
+    static constexpr bool vectorised = false;
+    explicit Facet(std::locale const & locale) : m_facet(&std::use_facet<std::ctype<char>>(locale)) {}
+    unsigned char operator()(char c) const { return static_cast<unsigned char>(m_facet->tolower(c)); }
+
+private:
+    std::ctype<char> const * m_facet;
+};
+
+/** Calls \a work with the fold of a locale. */
+template <class Work>
+auto withFold(std::locale const & locale, Work && work)
+{
+    if (locale == std::locale::classic()) {
+        return work(Classic());
+    }
+    return work(Facet(locale));
+}
+
+inline int difference(unsigned char a, unsigned char b)
+{
+    return static_cast<int>(static_cast<signed char>(a)) - static_cast<int>(static_cast<signed char>(b));
+}
+
+template <std::size_t N, class Fold>
+bool blocksDiffer(char const * a, char const * b, Fold const & fold)
+{
+    unsigned char any = 0;
+    for (std::size_t i = 0; i < N; ++i) {
+        any = static_cast<unsigned char>(any | (fold(a[i]) ^ fold(b[i])));
+    }
+    return any != 0;
+}
+
+/** The first position below \a size from \a from on at which the folded characters differ; \a size when none
+ * does. */
+template <class Fold>
+std::size_t mismatch(char const * a, char const * b, std::size_t from, std::size_t size, Fold const & fold)
+{
+    std::size_t i = from;
+    if constexpr (Fold::vectorised) {
+        while (i + 16 <= size && !blocksDiffer<16>(a + i, b + i, fold)) {
+            i += 16;
+        }
+        if (i + 8 <= size && !blocksDiffer<8>(a + i, b + i, fold)) {
+            i += 8;
+        }
+    }
+    while (i < size && fold(a[i]) == fold(b[i])) {
+        ++i;
+    }
+    return i;
+}
+
+/** Orders two texts: the difference at the first position at which they differ, then their sizes. */
+template <class Fold>
+int compare(std::string_view a, std::string_view b, std::size_t from, Fold const & fold)
+{
+    std::size_t const size = a.size() < b.size() ? a.size() : b.size();
+    std::size_t const i = mismatch(a.data(), b.data(), from, size, fold);
+    if (i < size) {
+        return difference(fold(a[i]), fold(b[i]));
+    }
+    return a.size() == b.size() ? 0 : a.size() < b.size() ? -1 : 1;
+}
+
+template <class Fold>
+bool equal(std::string_view a, std::string_view b, Fold const & fold)
+{
+    return a.size() == b.size() && mismatch(a.data(), b.data(), 0, a.size(), fold) == a.size();
+}
+
+/** Whether one of N places may begin an occurrence, told by its first and last character. */
+template <std::size_t N, class Fold>
+bool anyCandidate(char const * firsts, char const * lasts, unsigned char first, unsigned char last,
+                  Fold const & fold)
+{
+    unsigned char any = 0;
+    for (std::size_t i = 0; i < N; ++i) {
+        auto const differs = static_cast<unsigned char>((fold(firsts[i]) ^ first) | (fold(lasts[i]) ^ last));
+        any = static_cast<unsigned char>(any | (differs == 0 ? 1 : 0));
+    }
+    return any != 0;
+}
+
+/** The first occurrence of \a part at or behind \a from; npos when there is none. \a part is not empty. */
+template <class Fold>
+std::size_t find(std::string_view text, std::string_view part, std::size_t from, Fold const & fold)
+{
+    if (part.size() > text.size()) {
+        return std::string_view::npos;
+    }
+    std::size_t const places = text.size() - part.size() + 1;
+    unsigned char const first = fold(part.front());
+    unsigned char const last = fold(part.back());
+    char const * const lasts = text.data() + part.size() - 1;
+    auto const hit = [&](std::size_t i) {
+        return fold(text[i]) == first && fold(lasts[i]) == last &&
+               mismatch(text.data() + i, part.data(), 0, part.size(), fold) == part.size();
+    };
+    std::size_t i = from;
+    if constexpr (Fold::vectorised) {
+        constexpr std::size_t block = 32;
+        for (; i + block <= places; i += block) {
+            if (anyCandidate<block>(text.data() + i, lasts + i, first, last, fold)) {
+                for (std::size_t k = i; k < i + block; ++k) {
+                    if (hit(k)) {
+                        return k;
+                    }
+                }
+            }
+        }
+    }
+    for (; i < places; ++i) {
+        if (hit(i)) {
+            return i;
+        }
+    }
+    return std::string_view::npos;
+}
+} // namespace ZyCaseFold
