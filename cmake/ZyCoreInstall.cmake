@@ -1,1 +1,48 @@
-# What an installed ZyCore consists of, and how other projects find it.
+# What an installed ZyCore consists of, and how other projects find it: in the install tree, which may be moved, and
+# in the build tree.
+include(CMakePackageConfigHelpers)
+
+set(zycore_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake)
+
+# zycore_install_library(<target>): the library and its CMake package, <target>::<target>.
+function(zycore_install_library target)
+  # Libraries of ours find each other beside themselves, wherever the tree is moved.
+  set_target_properties(${target} PROPERTIES INSTALL_RPATH "$<$<PLATFORM_ID:Linux>:$ORIGIN>")
+  install(TARGETS ${target} EXPORT ${target}Targets
+          RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Runtime
+          LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Runtime NAMELINK_COMPONENT Development
+          ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Development)
+  install(EXPORT ${target}Targets NAMESPACE ${target}:: DESTINATION ${zycore_package_dir}/${target} COMPONENT Development)
+  export(EXPORT ${target}Targets NAMESPACE ${target}:: FILE ${PROJECT_BINARY_DIR}/${target}Targets.cmake)
+
+  configure_package_config_file(cmake/${target}Config.cmake.in ${PROJECT_BINARY_DIR}/${target}Config.cmake
+                                INSTALL_DESTINATION ${zycore_package_dir}/${target} NO_SET_AND_CHECK_MACRO)
+  write_basic_package_version_file(${PROJECT_BINARY_DIR}/${target}ConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+  install(FILES ${PROJECT_BINARY_DIR}/${target}Config.cmake ${PROJECT_BINARY_DIR}/${target}ConfigVersion.cmake
+          DESTINATION ${zycore_package_dir}/${target} COMPONENT Development)
+endfunction()
+
+if(NOT ZYCORE_KEELBASE_ROOT)
+  zycore_install_library(Keelbase)
+  install(DIRECTORY keelbase/include/keelbase DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT Development)
+endif()
+zycore_install_library(ZyCore)
+install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ZyCore COMPONENT Development)
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT Runtime)
+
+# The file names its tree from its own place, so that the tree may be moved.
+file(RELATIVE_PATH ZYCORE_PC_UP ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+configure_file(cmake/zycore.pc.in ${PROJECT_BINARY_DIR}/zycore.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/zycore.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT Development)
+
+set(CPACK_PACKAGE_NAME zycore)
+set(CPACK_PACKAGE_VENDOR "The ZyCore developers")
+set(CPACK_PACKAGE_CONTACT "The ZyCore developers <zycore@zycore.example>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY ${PROJECT_DESCRIPTION})
+set(CPACK_GENERATOR TGZ)
+set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+include(CPack)
