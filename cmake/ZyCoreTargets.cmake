@@ -1,5 +1,13 @@
 # Settings that every target of the project takes, in one place.
 
+# zycore_sanitize(<target>): the sanitizers of ZYCORE_SANITIZE.
+function(zycore_sanitize target)
+  if(ZYCORE_SANITIZE)
+    target_compile_options(${target} PRIVATE -fsanitize=${ZYCORE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(${target} PRIVATE -fsanitize=${ZYCORE_SANITIZE})
+  endif()
+endfunction()
+
 # zycore_settings(<target>): warnings, sanitizers and the Qt definitions of our own code.
 function(zycore_settings target)
   target_compile_features(${target} PUBLIC cxx_std_17)
@@ -12,8 +20,5 @@ function(zycore_settings target)
                                              -Woverloaded-virtual -Werror=format -Werror=address
                                              $<$<BOOL:${ZYCORE_WARNINGS_AS_ERRORS}>:-Werror>)
   endif()
-  if(ZYCORE_SANITIZE)
-    target_compile_options(${target} PRIVATE -fsanitize=${ZYCORE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
-    target_link_options(${target} PRIVATE -fsanitize=${ZYCORE_SANITIZE})
-  endif()
+  zycore_sanitize(${target})
 endfunction()
