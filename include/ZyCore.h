@@ -8,6 +8,8 @@
 #include <ZyDeque.h>
 #include <ZyException.h>
 #include <ZyExport.h>
+#include <ZyFileException.h>
+#include <ZyFilePath.h>
 #include <ZyIterator.h>
 #include <ZyList.h>
 #include <ZyMatrix.h>

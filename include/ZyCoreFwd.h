@@ -3,11 +3,17 @@
 #pragma once
 
 class ZyBadAllocException;
+class ZyCannotOpenFileException;
 class ZyComparableString;
 class ZyDivideByZeroException;
 class ZyDomainException;
 class ZyException;
 class ZyExceptionInterface;
+class ZyFileException;
+class ZyFileLockedException;
+class ZyFileNotFoundException;
+class ZyFilePath;
+class ZyFileSaveException;
 class ZyIOException;
 class ZyIOInvalidReadException;
 class ZyIOInvalidWriteException;
@@ -18,6 +24,7 @@ class ZyInvalidConversionException;
 class ZyInvalidMimeDataException;
 class ZyInvalidOperationMathsException;
 class ZyInvalidParameterException;
+class ZyInvalidPathException;
 class ZyInvalidUseException;
 class ZyInvalidXMLAttributeName;
 class ZyInvalidXMLException;
