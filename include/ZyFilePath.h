@@ -153,70 +153,73 @@ private:
 };
 
 // Text on one side of a comparison is taken as a path, on either side and under every language standard.
-// Without these, the conversions of paths to text and of text to paths would compete.
+// Without these, the conversions of paths to text and of text to paths would compete. Both sides are deduced,
+// so that no comparison without a path comes here.
 
-/** Enabled for what converts to a path and is none. */
-template <class T>
-using ZyPathText =
-    std::enable_if_t<std::is_convertible_v<T const &, ZyFilePath> && !std::is_base_of_v<ZyFilePath, T>>;
+/** Enabled, and bool, for a path P and a type T that converts to a path and is none. */
+template <class P, class T>
+using ZyPathAndText =
+    std::enable_if_t<std::is_base_of_v<ZyFilePath, P> && !std::is_base_of_v<ZyFilePath, T> &&
+                         std::is_convertible_v<T const &, ZyFilePath>,
+                     bool>;
 
-template <class T, class = ZyPathText<T>>
-bool operator==(ZyFilePath const & a, T const & b)
+template <class P, class T>
+ZyPathAndText<P, T> operator==(P const & path, T const & text)
 {
-    return a.operator==(ZyFilePath(b));
+    return path.operator==(ZyFilePath(text));
 }
-template <class T, class = ZyPathText<T>>
-bool operator!=(ZyFilePath const & a, T const & b)
+template <class P, class T>
+ZyPathAndText<P, T> operator!=(P const & path, T const & text)
 {
-    return a.operator!=(ZyFilePath(b));
+    return path.operator!=(ZyFilePath(text));
 }
-template <class T, class = ZyPathText<T>>
-bool operator<(ZyFilePath const & a, T const & b)
+template <class P, class T>
+ZyPathAndText<P, T> operator<(P const & path, T const & text)
 {
-    return a.operator<(ZyFilePath(b));
+    return path.operator<(ZyFilePath(text));
 }
-template <class T, class = ZyPathText<T>>
-bool operator<=(ZyFilePath const & a, T const & b)
+template <class P, class T>
+ZyPathAndText<P, T> operator<=(P const & path, T const & text)
 {
-    return a.operator<=(ZyFilePath(b));
+    return path.operator<=(ZyFilePath(text));
 }
-template <class T, class = ZyPathText<T>>
-bool operator>(ZyFilePath const & a, T const & b)
+template <class P, class T>
+ZyPathAndText<P, T> operator>(P const & path, T const & text)
 {
-    return a.operator>(ZyFilePath(b));
+    return path.operator>(ZyFilePath(text));
 }
-template <class T, class = ZyPathText<T>>
-bool operator>=(ZyFilePath const & a, T const & b)
+template <class P, class T>
+ZyPathAndText<P, T> operator>=(P const & path, T const & text)
 {
-    return a.operator>=(ZyFilePath(b));
+    return path.operator>=(ZyFilePath(text));
 }
-template <class T, class = ZyPathText<T>>
-bool operator==(T const & a, ZyFilePath const & b)
+template <class T, class P>
+ZyPathAndText<P, T> operator==(T const & text, P const & path)
 {
-    return ZyFilePath(a).operator==(b);
+    return ZyFilePath(text).operator==(path);
 }
-template <class T, class = ZyPathText<T>>
-bool operator!=(T const & a, ZyFilePath const & b)
+template <class T, class P>
+ZyPathAndText<P, T> operator!=(T const & text, P const & path)
 {
-    return ZyFilePath(a).operator!=(b);
+    return ZyFilePath(text).operator!=(path);
 }
-template <class T, class = ZyPathText<T>>
-bool operator<(T const & a, ZyFilePath const & b)
+template <class T, class P>
+ZyPathAndText<P, T> operator<(T const & text, P const & path)
 {
-    return ZyFilePath(a).operator<(b);
+    return ZyFilePath(text).operator<(path);
 }
-template <class T, class = ZyPathText<T>>
-bool operator<=(T const & a, ZyFilePath const & b)
+template <class T, class P>
+ZyPathAndText<P, T> operator<=(T const & text, P const & path)
 {
-    return ZyFilePath(a).operator<=(b);
+    return ZyFilePath(text).operator<=(path);
 }
-template <class T, class = ZyPathText<T>>
-bool operator>(T const & a, ZyFilePath const & b)
+template <class T, class P>
+ZyPathAndText<P, T> operator>(T const & text, P const & path)
 {
-    return ZyFilePath(a).operator>(b);
+    return ZyFilePath(text).operator>(path);
 }
-template <class T, class = ZyPathText<T>>
-bool operator>=(T const & a, ZyFilePath const & b)
+template <class T, class P>
+ZyPathAndText<P, T> operator>=(T const & text, P const & path)
 {
-    return ZyFilePath(a).operator>=(b);
+    return ZyFilePath(text).operator>=(path);
 }
