@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Comparing and searching without regard to case, fast for the classic locale and right for every other.
-// The inner loops have fixed lengths and no branches, so that the compiler turns them into vector code.
+// Comparing, searching and trimming without regard to case, fast for the classic locale and right for every
+// other. The inner loops have fixed lengths and no branches, so that the compiler turns them into vector
+// code.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <locale>
 #include <string_view>
@@ -15,6 +17,7 @@ struct None
 {
     static constexpr bool vectorised = true;
     unsigned char operator()(char c) const { return static_cast<unsigned char>(c); }
+    static std::uint64_t word(std::uint64_t bytes) { return bytes; }
 };
 
 /** What the classic locale's tolower does. */
@@ -25,6 +28,16 @@ struct Classic
     {
         auto const u = static_cast<unsigned char>(c);
         return static_cast<unsigned char>(u + (static_cast<unsigned char>(u - 'A') < 26 ? 32 : 0));
+    }
+    /** Eight bytes at once: the top bit of each tells whether it is a capital, and becomes the bit that folds
+     * it. */
+    static std::uint64_t word(std::uint64_t bytes)
+    {
+        constexpr std::uint64_t each = 0x0101010101010101u;
+        std::uint64_t const low = bytes & (each * 0x7F);
+        std::uint64_t const fromA = low + each * (0x80 - 'A');
+        std::uint64_t const beyondZ = low + each * (0x7F - 'Z');
+        return bytes | ((fromA & ~beyondZ & ~bytes & (each * 0x80)) >> 2);
     }
 };
 
@@ -40,11 +53,18 @@ private:
     std::ctype<char> const * m_facet;
 };
 
+/** Whether a locale folds and classifies as the classic one; asking the library for that one each time costs more. */
+inline bool isClassic(std::locale const & locale)
+{
+    static std::locale const & classic = std::locale::classic();
+    return locale == classic;
+}
+
 /** Calls \a work with the fold of a locale. */
 template <class Work>
 auto withFold(std::locale const & locale, Work && work)
 {
-    if (locale == std::locale::classic()) {
+    if (isClassic(locale)) {
         return work(Classic());
     }
     return work(Facet(locale));
@@ -65,6 +85,16 @@ bool blocksDiffer(char const * a, char const * b, Fold const & fold)
     return any != 0;
 }
 
+template <class Fold>
+bool wordsDiffer(char const * a, char const * b)
+{
+    std::uint64_t x = 0;
+    std::uint64_t y = 0;
+    std::memcpy(&x, a, sizeof x);
+    std::memcpy(&y, b, sizeof y);
+    return Fold::word(x) != Fold::word(y);
+}
+
 /** The first position below \a size from \a from on at which the folded characters differ; \a size when none
  * does. */
 template <class Fold>
@@ -72,10 +102,10 @@ std::size_t mismatch(char const * a, char const * b, std::size_t from, std::size
 {
     std::size_t i = from;
     if constexpr (Fold::vectorised) {
-        while (i + 16 <= size && !blocksDiffer<16>(a + i, b + i, fold)) {
-            i += 16;
+        while (i + 32 <= size && !blocksDiffer<32>(a + i, b + i, fold)) {
+            i += 32;
         }
-        if (i + 8 <= size && !blocksDiffer<8>(a + i, b + i, fold)) {
+        while (i + 8 <= size && !wordsDiffer<Fold>(a + i, b + i)) {
             i += 8;
         }
     }
@@ -95,6 +125,28 @@ int compare(std::string_view a, std::string_view b, std::size_t from, Fold const
         return difference(fold(a[i]), fold(b[i]));
     }
     return a.size() == b.size() ? 0 : a.size() < b.size() ? -1 : 1;
+}
+
+/** A text without the white space at its ends. */
+inline std::string_view trimmed(std::string_view text, std::locale const & locale)
+{
+    char const * begin = text.data();
+    char const * end = begin + text.size();
+    auto const trim = [&](auto const & isSpace) {
+        while (begin != end && isSpace(*begin)) {
+            ++begin;
+        }
+        while (begin != end && isSpace(end[-1])) {
+            --end;
+        }
+    };
+    if (isClassic(locale)) {
+        trim([](char c) { return c == ' ' || (c >= '\t' && c <= '\r'); });
+    } else {
+        auto const & facet = std::use_facet<std::ctype<char>>(locale);
+        trim([&](char c) { return facet.is(std::ctype_base::space, c); });
+    }
+    return std::string_view(begin, static_cast<std::size_t>(end - begin));
 }
 
 template <class Fold>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // What a string becomes: C text, Qt and wide text, numbers.
+#include "Core/ZyCaseFold_p.h"
 #include "Core/ZyNumberText_p.h"
 #include "Core/ZyString_p.h"
 #include "Core/ZyUtf8_p.h"
@@ -19,7 +20,7 @@ namespace
 {
 std::string_view trimmedText(ZyString const & text)
 {
-    return ZyTextAccess::view(text.trimmed());
+    return ZyCaseFold::trimmed(ZyTextAccess::view(text), ZyTextAccess::locale(text));
 }
 
 /** What a stream of the classic locale reads as an unsigned 32-bit integer. */
@@ -118,7 +119,7 @@ double ZyString::toDouble() const
 
 unsigned int ZyString::toSizeT() const
 {
-    if (std::locale() == std::locale::classic()) {
+    if (ZyCaseFold::isClassic(std::locale())) {
         return readUnsigned(d()->text);
     }
     unsigned int number = 0;

@@ -32,17 +32,6 @@ bool replaceAll(std::string_view text, std::string_view from, std::string_view t
     return true;
 }
 
-std::string_view trimmedIn(std::string_view text, std::locale const & locale)
-{
-    auto const & facet = std::use_facet<std::ctype<char>>(locale);
-    char const * begin = text.data();
-    char const * end = begin + text.size();
-    begin = facet.scan_not(std::ctype_base::space, begin, end);
-    while (end != begin && facet.is(std::ctype_base::space, end[-1])) {
-        --end;
-    }
-    return std::string_view(begin, static_cast<std::size_t>(end - begin));
-}
 } // namespace
 
 ZyString & ZyString::replace(ZyString const & from, ZyString const & to, Comparison comparison)
@@ -80,7 +69,7 @@ ZyString & ZyString::resize(unsigned int size, char fill)
 ZyString & ZyString::trim()
 {
     std::string & text = d()->text;
-    std::string_view const kept = trimmedIn(text, d()->locale);
+    std::string_view const kept = ZyCaseFold::trimmed(text, d()->locale);
     if (kept.size() != text.size()) {
         text.erase(static_cast<std::size_t>(kept.data() - text.data()) + kept.size());
         text.erase(0, text.size() - kept.size());
@@ -90,7 +79,7 @@ ZyString & ZyString::trim()
 
 ZyStringView ZyString::trimmed() const
 {
-    return ZyTextAccess::slice(trimmedIn(d()->text, d()->locale));
+    return ZyTextAccess::slice(ZyCaseFold::trimmed(d()->text, d()->locale));
 }
 
 ZyString & ZyString::spaceCapitals()
