@@ -2,6 +2,9 @@
 // Everything at once. tools/check_umbrella.py --write makes this file from the other headers.
 #pragma once
 
+#include <ZyBase64Converter.h>
+#include <ZyByteArray.h>
+#include <ZyCaseSensitiveString.h>
 #include <ZyComparableString.h>
 #include <ZyContainer.h>
 #include <ZyCoreFwd.h>
@@ -12,6 +15,7 @@
 #include <ZyFilePath.h>
 #include <ZyIterator.h>
 #include <ZyList.h>
+#include <ZyMaths.h>
 #include <ZyMatrix.h>
 #include <ZyObject.h>
 #include <ZyPair.h>
@@ -20,6 +24,7 @@
 #include <ZyRef.h>
 #include <ZySharedPtr.h>
 #include <ZyString.h>
+#include <ZyStringConverter.h>
 #include <ZyStringView.h>
 #include <ZyThrow.h>
 #include <ZyTypes.h>

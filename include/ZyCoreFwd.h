@@ -3,7 +3,11 @@
 #pragma once
 
 class ZyBadAllocException;
+class ZyBase64Converter;
+class ZyBase64ConverterCore;
+class ZyByteArray;
 class ZyCannotOpenFileException;
+class ZyCaseSensitiveString;
 class ZyComparableString;
 class ZyDivideByZeroException;
 class ZyDomainException;
@@ -30,6 +34,7 @@ class ZyInvalidXMLAttributeName;
 class ZyInvalidXMLException;
 class ZyInvalidXMLOperation;
 class ZyInvalidXMLSchemaException;
+class ZyMaths;
 class ZyMathsException;
 class ZyNoClipboardException;
 class ZyNotFoundException;
@@ -42,6 +47,8 @@ class ZyOverflowException;
 class ZyPrivateObject;
 class ZyStackLimitException;
 class ZyString;
+class ZyStringDoubleBase64Converter;
+class ZyStringLongLongConverter;
 class ZyStringView;
 struct ZyThrow;
 class ZyUndefinedFunctionException;
@@ -79,6 +86,8 @@ template <class T>
 class ZySharedPtr;
 template <class T, class S>
 class ZyStandardContainer;
+template <class T>
+class ZyStringConverter;
 template <class T>
 class ZyUniquePtr;
 template <class T>

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// The interface of two-way conversion between a value and its text.
+#pragma once
+
+#include <ZyString.h>
+
+/** Turns values of T into text and back. What either direction throws is told by the class that implements
+ * it. */
+template <class T>
+class ZyStringConverter
+{
+public:
+    virtual ~ZyStringConverter() = default;
+
+    virtual ZyString convert(T const & value) const = 0;
+    virtual T convert(ZyString const & text) const = 0;
+
+protected:
+    ZyStringConverter() = default;
+    ZyStringConverter(ZyStringConverter const &) = default;
+    ZyStringConverter & operator=(ZyStringConverter const &) = default;
+};
