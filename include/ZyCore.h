@@ -29,4 +29,5 @@
 #include <ZyThrow.h>
 #include <ZyTypes.h>
 #include <ZyUniquePtr.h>
+#include <ZyVariant.h>
 #include <ZyVector.h>

@@ -3,6 +3,7 @@
 #pragma once
 
 class ZyBadAllocException;
+class ZyBadVariantAccessException;
 class ZyBase64Converter;
 class ZyBase64ConverterCore;
 class ZyByteArray;
@@ -56,6 +57,7 @@ class ZyUnderflowException;
 class ZyUnknownXMLAttributeException;
 class ZyUnknownXMLElementException;
 class ZyUserCancelledException;
+class ZyVariant;
 class ZyXMLDuplicateRuleException;
 class ZyXMLException;
 template <class T>
