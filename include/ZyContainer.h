@@ -23,16 +23,23 @@ template <class T>
 class ZyContainer
 {
 public:
+    /** The type of the items. */
     using value_type = T;
 
+    /**
+     * Adds an item at the end. \throws ZyInvalidCallException T cannot be copied: "Item cannot be copied"
+     */
     virtual void add(T && item) = 0;
     virtual void add(T const & item) = 0;
     /** Adds the item unless an equal one is there. \return whether it was added */
     virtual bool addUnique(T const & item) = 0;
+    /** The first item; for code that knows the interface only, at a virtual call a step. */
     virtual ZyIterator<T const> begin() const = 0;
     virtual ZyIterator<T> begin() = 0;
+    /** The position behind the last item. */
     virtual ZyIterator<T const> end() const = 0;
     virtual ZyIterator<T> end() = 0;
+    /** Whether an equal item is there. */
     virtual bool contains(T const & item) const = 0;
     /** The first equal item. \throws ZyNotFoundException "Item not found" */
     virtual T const & find(T const & item) const = 0;
@@ -62,6 +69,7 @@ public:
         }
         ZyThrow::NotFound();
     }
+    /** The number of items. */
     virtual unsigned int size() const = 0;
 
 protected:
@@ -112,7 +120,9 @@ public:
     }
     unsigned int size() const override { return static_cast<unsigned int>(m_items.size()); }
 
+    /** Whether there is no item. */
     bool isEmpty() const { return m_items.empty(); }
+    /** Removes all items. */
     void clear() { m_items.clear(); }
 
 protected:
@@ -124,6 +134,7 @@ protected:
     ZyStandardContainer & operator=(ZyStandardContainer &&) = default;
     ~ZyStandardContainer() = default;
 
+    /** Appends \a items, which may be the held ones. */
     void appendItems(S const & items)
     {
         if (&items == &m_items) {
@@ -133,6 +144,7 @@ protected:
             m_items.insert(m_items.end(), items.begin(), items.end());
         }
     }
+    /** For each held item whether it is equal to \a item. */
     std::vector<bool> equalItems(T const & item) const
     {
         std::vector<bool> equal;
@@ -143,6 +155,7 @@ protected:
         return equal;
     }
 
+    /** The held container. */
     S m_items;
 
 private:
@@ -180,6 +193,7 @@ public:
      */
     T & at(unsigned int index) { return this->m_items[checked(index)]; }
     T const & at(unsigned int index) const { return this->m_items[checked(index)]; }
+    /** The same as at(). */
     T & operator[](unsigned int index) { return this->m_items[checked(index)]; }
     T const & operator[](unsigned int index) const { return this->m_items[checked(index)]; }
 

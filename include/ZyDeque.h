@@ -39,8 +39,10 @@ public:
         this->appendItems(other.m_items);
         return *this;
     }
+    /** The same as append(). */
     ZyDeque & operator+=(ZyDeque const & other) { return append(other); }
 
+    /** The held container, on loan. */
     std::deque<T> & std_deque() { return this->m_items; }
     std::deque<T> const & std_deque() const { return this->m_items; }
 };

@@ -45,7 +45,9 @@ public:
     ZyException(ZyException const & other);
     ZyException & operator=(ZyException const & other);
 
+    /** The text. */
     ZyString const & message() const;
+    /** The same as message(). */
     operator ZyString const &() const;
 
     char const * name() const override = 0;

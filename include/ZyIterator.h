@@ -31,6 +31,7 @@ public:
     virtual bool operator!=(ZyIteratorImpl const & other) const { return !(*this == other); }
     /** True while there is a current element, that is, before the end. */
     virtual bool hasCurrent() const = 0;
+    /** A copy that advances independently. */
     virtual ZyUniquePtr<ZyIteratorImpl> clone() const = 0;
 
 protected:
@@ -47,6 +48,7 @@ template <class T, class I>
 class ZyContainerIteratorImpl final : public ZyIteratorImpl<T>
 {
 public:
+    /** Stands at \a current in a range that ends with \a end. */
     ZyContainerIteratorImpl(I current, I end) : m_current(current), m_end(end) {}
 
     ZyContainerIteratorImpl & operator++() override

@@ -39,6 +39,7 @@ public:
         this->appendItems(other.m_items);
         return *this;
     }
+    /** The same as append(). */
     ZyList & operator+=(ZyList const & other) { return append(other); }
     void remove(T const & item) override
     {
@@ -47,6 +48,7 @@ public:
         this->m_items.remove_if([&](T const &) { return *mark++; });
     }
 
+    /** The held container, on loan. */
     std::list<T> & std_list() { return this->m_items; }
     std::list<T> const & std_list() const { return this->m_items; }
 };

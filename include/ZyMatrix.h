@@ -56,10 +56,13 @@ public:
     {
         return m_data.std_vector()[checked(row, column)];
     }
+    /** The same as at(). */
     T & operator()(unsigned int row, unsigned int column) { return at(row, column); }
     T const & operator()(unsigned int row, unsigned int column) const { return at(row, column); }
 
+    /** The number of rows. */
     unsigned int rows() const { return m_rows; }
+    /** The number of columns. */
     unsigned int columns() const { return m_columns; }
     /** All elements, row after row: what hot code walks. */
     std::vector<T> & std_vector() { return m_data.std_vector(); }

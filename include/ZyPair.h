@@ -11,7 +11,9 @@ struct ZyPair
     ZyPair() : first(), second() {}
     ZyPair(A a, B b) : first(std::move(a)), second(std::move(b)) {}
 
+    /** What is compared first. */
     A first;
+    /** What decides when the first ones are equal. */
     B second;
 };
 

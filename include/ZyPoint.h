@@ -9,7 +9,9 @@ struct ZyPointTemplate
     constexpr ZyPointTemplate() : x(), y() {}
     constexpr ZyPointTemplate(T xValue, T yValue) : x(xValue), y(yValue) {}
 
+    /** The first coordinate. */
     T x;
+    /** The second coordinate. */
     T y;
 };
 

@@ -71,7 +71,9 @@ public:
 
     /** The object, on loan; null when there is none. */
     T * get() const noexcept { return m_object.get(); }
+    /** Gives up its share. */
     void reset() noexcept { m_object.reset(); }
+    /** Gives up its share and takes over \a object. */
     template <class U>
     void reset(U * object)
     {
@@ -137,8 +139,10 @@ public:
     }
     /** True when the object has gone or there never was one. */
     bool expired() const noexcept { return m_object.expired(); }
+    /** Forgets the object. */
     void reset() noexcept { m_object.reset(); }
     void swap(ZyWeakPtr & other) noexcept { m_object.swap(other.m_object); }
+    /** How many owners the object has; 0 when it is gone. */
     long use_count() const noexcept { return m_object.use_count(); }
 
     /** True when both watch one object (or none), also after it has gone. */

@@ -67,8 +67,11 @@ public:
 
     /** The NUL-terminated characters, valid until the string changes. Four names of one operation. */
     char const * c_str() const;
+    /** The same as c_str(). */
     char const * toCString() const;
+    /** The same as c_str(). */
     char const * tocs() const;
+    /** The same as c_str(). */
     operator char const *() const;
     /** A string is no condition: it would ask for the pointer, which is never null. Use isEmpty(). */
     explicit operator bool() const = delete;
@@ -77,8 +80,11 @@ public:
     std::string const & toStdString() const;
     /** Decoded as UTF-8 up to the first NUL: U+FFFD for a bad byte, a leading byte order mark is dropped. */
     QString toQString() const;
+    /** The same as toQString(). */
     operator QString() const;
+    /** Up to the first NUL. */
     YString toYString() const;
+    /** The same as toYString(). */
     operator YString() const;
     /** An argument that points at c_str(), to be used while this string lives unchanged. */
     operator PrintfArg() const;
@@ -97,19 +103,25 @@ public:
     unsigned int toSizeT() const;
 
     unsigned int size() const override;
+    /** Whether there are no characters. */
     bool isEmpty() const;
+    /** The byte at a position, unchecked. */
     char & operator[](unsigned int position);
     char const & operator[](unsigned int position) const override;
     /** \throws ZyIndexOutOfBoundsException "Index out of bounds [position,size]" */
     char & at(unsigned int position);
     char const & at(unsigned int position) const;
 
+    /** Both texts joined. */
     ZyString operator+(ZyString const & text) const;
     ZyString operator+(ZyStringView const & text) const;
     ZyString operator+(char const * text) const;
+    /** Adds \a text at the end; it may be this string. */
     ZyString & append(ZyString const & text);
     ZyString & append(char const * text);
+    /** The same as append(). */
     ZyString & concat(ZyString const & text);
+    /** The same as append(). */
     ZyString & operator+=(ZyString const & text);
     ZyString & operator+=(char const * text);
 
@@ -117,6 +129,10 @@ public:
     bool equal(ZyString const & other, Comparison comparison) const;
     bool equal(ZyStringView const & other, Comparison comparison) const;
     bool equal(char const * other, Comparison comparison) const;
+    /**
+     * Order in this string's locale, or of the bytes as signed numbers; a string comes before all that it
+     * begins.
+     */
     bool lessThan(ZyString const & other, Comparison comparison) const;
     /**
      * Whether \a part occurs, by default without regard to case.
@@ -130,6 +146,9 @@ public:
      */
     bool startsWith(ZyString const & part) const;
     bool startsWith(ZyString const & part, Comparison comparison) const;
+    /**
+     * Whether the text ends with \a part; always true for an empty one. By default without regard to case.
+     */
     bool endsWith(ZyString const & part) const;
     bool endsWith(ZyString const & part, Comparison comparison) const;
     /** The first position of a byte from \a position on. \throws ZyNotFoundException "Item not found: String::find" */
@@ -140,15 +159,18 @@ public:
     /** Replaces every occurrence from left to right; inserted text (up to its first NUL) is not searched
      * again. */
     ZyString & replace(ZyString const & from, ZyString const & to, Comparison comparison);
+    /** A copy in which replace() was done. */
     ZyString replaced(ZyString const & from, ZyString const & to, Comparison comparison) const;
     /** Appends \a fill up to \a size bytes, or cuts. */
     ZyString & resize(unsigned int size, char fill);
     /** Removes white space from both ends. */
     ZyString & trim();
+    /** The text without the white space at its ends, as a view into this string. */
     ZyStringView trimmed() const;
     /** Puts a blank before every capital that has no white space before it: "ThisIsIt" becomes "This Is It".
      */
     ZyString & spaceCapitals();
+    /** A copy in which spaceCapitals() was done. */
     ZyString spacedCapitals() const;
     /** \throws ZyIndexOutOfBoundsException \a position is beyond the size: "Index out of bounds [position,size]" */
     ZyStringView substring(unsigned int position) const;
@@ -163,6 +185,7 @@ public:
 
     bool isDouble() const override;
     bool isInteger() const override;
+    /** Whether there is a white-space character, in this string's locale. */
     bool containsWhiteSpace() const;
 
     /** True for the 52 ASCII letters, whatever the locale. */

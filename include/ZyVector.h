@@ -40,9 +40,12 @@ public:
         this->appendItems(other.m_items);
         return *this;
     }
+    /** The same as append(). */
     ZyVector & operator+=(ZyVector const & other) { return append(other); }
+    /** Makes room for \a count items in all. */
     void reserve(unsigned int count) { this->m_items.reserve(count); }
 
+    /** The held container, on loan. */
     std::vector<T> & std_vector() { return this->m_items; }
     std::vector<T> const & std_vector() const { return this->m_items; }
 };
