@@ -1,5 +1,5 @@
-# cmake -D SOURCE=... -D BINARY=... -P Consume.cmake -- <configure option>...
-# Configures a project in a fresh folder, builds it and runs its program.
+# cmake -D SOURCE=... -D BINARY=... [-D KEEP=TRUE] -P Consume.cmake -- <configure option>...
+# Configures a project in a fresh folder (unless KEEP), builds it and runs its program.
 set(options)
 set(after_dashes FALSE)
 math(EXPR last "${CMAKE_ARGC} - 1")
@@ -19,7 +19,9 @@ foreach(variable CXXFLAGS CPPFLAGS LDFLAGS CPATH LIBRARY_PATH LD_LIBRARY_PATH DE
 endforeach()
 set(ENV{QT_QPA_PLATFORM} offscreen)
 
-file(REMOVE_RECURSE ${BINARY})
+if(NOT KEEP)
+  file(REMOVE_RECURSE ${BINARY})
+endif()
 execute_process(COMMAND ${CMAKE_COMMAND} -S ${SOURCE} -B ${BINARY} ${options} COMMAND_ERROR_IS_FATAL ANY)
 execute_process(COMMAND ${CMAKE_COMMAND} --build ${BINARY} --parallel 2 COMMAND_ERROR_IS_FATAL ANY)
 execute_process(COMMAND ${BINARY}/consumer WORKING_DIRECTORY ${BINARY} COMMAND_ERROR_IS_FATAL ANY)
