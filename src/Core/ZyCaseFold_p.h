@@ -53,7 +53,8 @@ private:
     std::ctype<char> const * m_facet;
 };
 
-/** Whether a locale folds and classifies as the classic one; asking the library for that one each time costs more. */
+/** Whether a locale folds and classifies as the classic one; asking the library for that one each time costs
+ * more. */
 inline bool isClassic(std::locale const & locale)
 {
     static std::locale const & classic = std::locale::classic();

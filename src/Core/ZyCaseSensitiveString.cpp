@@ -2,7 +2,12 @@
 // Text that is an identity.
 #include <ZyCaseSensitiveString.h>
 
+#include "Core/ZyString_p.h"
+
+#include <typeinfo>
 #include <utility>
+
+std::type_info const * const zyCaseSensitiveStringType = &typeid(ZyCaseSensitiveString);
 
 ZyCaseSensitiveString::ZyCaseSensitiveString() = default;
 

@@ -16,7 +16,7 @@ bool ZyTextAccess::characters(ZyComparableString const & text, std::string_view 
     // Addresses of the type information suffice: a class that is not recognised goes the slower way to the
     // same result.
     std::type_info const * const type = &typeid(text);
-    if (type == &typeid(ZyString)) {
+    if (type == &typeid(ZyString) || type == zyCaseSensitiveStringType) {
         result = view(static_cast<ZyString const &>(text));
         return true;
     }

@@ -31,6 +31,12 @@ public:
     std::string_view text;
 };
 
+/**
+ * The type of case-sensitive strings, which keep the primitives of ZyString. Defined with that class: the
+ * comparison stands below it and must not know its header.
+ */
+extern std::type_info const * const zyCaseSensitiveStringType;
+
 /** Characters without a virtual call for each of them. */
 struct ZyTextAccess
 {
