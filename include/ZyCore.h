@@ -11,8 +11,12 @@
 #include <ZyDeque.h>
 #include <ZyException.h>
 #include <ZyExport.h>
+#include <ZyFile.h>
+#include <ZyFileDevice.h>
 #include <ZyFileException.h>
 #include <ZyFilePath.h>
+#include <ZyFileSystem.h>
+#include <ZyIODevice.h>
 #include <ZyIterator.h>
 #include <ZyList.h>
 #include <ZyMaths.h>
@@ -25,7 +29,10 @@
 #include <ZySharedPtr.h>
 #include <ZyString.h>
 #include <ZyStringConverter.h>
+#include <ZyStringDevice.h>
 #include <ZyStringView.h>
+#include <ZyTemporaryDir.h>
+#include <ZyTemporaryFile.h>
 #include <ZyThrow.h>
 #include <ZyTypes.h>
 #include <ZyUniquePtr.h>

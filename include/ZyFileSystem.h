@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// The operations on the disk.
+#pragma once
+
+#include <ZyExport.h>
+#include <ZyFilePath.h>
+#include <ZyTypes.h>
+
+#include <functional>
+
+// The headers of the home platform define the name as a macro.
+#pragma push_macro("CreateDirectory")
+#undef CreateDirectory
+
+/**
+ * Operations on the disk, the one place where paths leave the world of text.
+ *
+ * A failure of the system is a ZyFileException with the words and paths of the standard library, except at
+ * IsDirectory(), which lets the standard std::filesystem::filesystem_error out. A path that holds a NUL is
+ * refused everywhere with ZyInvalidPathException. Any thread.
+ */
+class ZYCORE_EXPORT ZyFileSystem
+{
+public:
+    ZyFileSystem() = delete;
+
+    /**
+     * Makes a directory; with \a parents also what is missing above it.
+     *
+     * \return whether one was made; false when it is there already
+     * \throws ZyFileException it cannot be made, or a file has the name
+     * \throws ZyBadAllocException memory ran out
+     */
+    static bool CreateDirectory(ZyFilePath const & path, bool parents);
+    /** Whether there is a file or directory. \throws ZyFileException the system cannot tell */
+    static bool Exists(ZyFilePath const & path);
+    /**
+     * Whether there is a directory; not the test of the spelling that ZyFilePath makes.
+     *
+     * \deliberate{is-directory-lets-standard-errors-out} The one operation whose failure is not translated.
+     *
+     * \throws std::filesystem::filesystem_error the system cannot tell
+     */
+    static bool IsDirectory(ZyFilePath const & path);
+    /** The size of a file, bytes. \throws ZyFileException there is none */
+    static unsigned __int64 FileSize(ZyFilePath const & path);
+    /**
+     * Removes one file, link or empty directory.
+     *
+     * \return whether there was something to remove
+     * \throws ZyFileException it cannot be removed, or a directory is not empty
+     */
+    static bool Remove(ZyFilePath const & path);
+    /**
+     * Removes a file, or a directory with all that is in it. Of a link, also one to a directory and spelled
+     * as one, the link is removed and not what it points at.
+     *
+     * \return whether there was something to remove
+     * \throws ZyFileException something cannot be removed; part of the tree may be gone
+     */
+    static bool RemoveAll(ZyFilePath const & path);
+    /** The system's directory for temporary files, with a final separator. \throws ZyFileException there is none */
+    static ZyFilePath TempDirectory();
+    /**
+     * Calls \a visit for what is in a directory: directories, with a final separator, before their content,
+     * and files; siblings in the order of the disk.
+     *
+     * Paths begin with \a path as it stands. Of what Qt counts as hidden (dot names), of broken links and of
+     * pipes nothing is told. A link to a directory comes as a directory and is entered only with \a
+     * followLinks. What cannot be read, or is no directory, has no content. Exceptions of \a visit pass
+     * through and end the walk.
+     */
+    static void ForEachFile(ZyFilePath const & path, bool recursive, bool followLinks,
+                            std::function<void(ZyFilePath &&)> visit);
+};
+
+#pragma pop_macro("CreateDirectory")
