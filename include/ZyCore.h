@@ -38,3 +38,6 @@
 #include <ZyUniquePtr.h>
 #include <ZyVariant.h>
 #include <ZyVector.h>
+#include <ZyZipArchive.h>
+#include <ZyZipFile.h>
+#include <ZyZipper.h>

@@ -67,6 +67,10 @@ class ZyUserCancelledException;
 class ZyVariant;
 class ZyXMLDuplicateRuleException;
 class ZyXMLException;
+class ZyZipArchive;
+struct ZyZipArchive_Internal;
+class ZyZipFile;
+class ZyZipper;
 template <class T>
 class ZyCRef;
 template <class T>
