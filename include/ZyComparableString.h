@@ -32,6 +32,8 @@ public:
      * The characters, folded by the global locale of the moment or as bytes, are compared as signed 8-bit
      * numbers, so bytes from 128 on sort before ASCII; of two texts that agree the shorter is the lesser.
      * Only the sign of the result has a meaning.
+     *
+     * \deliberate{signed-bytes-order} Sorted files of the suite rest on this order of the bytes from 128 on.
      */
     virtual int compare(ZyComparableString const & other, Comparison comparison) const;
     virtual bool operator==(char const * other) const;

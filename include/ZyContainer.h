@@ -188,6 +188,10 @@ class ZyIndexedContainer : public ZyStandardContainer<T, S>
 public:
     /**
      * The item at a zero-based index, checked.
+     *
+     * \deliberate{container-index-last} The exception tells the last valid index where that of ZyString::at tells the
+     * size: hosts read both numbers.
+     *
      * \throws ZyIndexOutOfBoundsException "Index out of bounds [index,last]" where last is the last valid index, which
      *         wraps to 4294967295 on an empty container
      */

@@ -60,7 +60,11 @@ public:
     ZyString(ZyString && other);
     ~ZyString() override;
 
-    /** Only the characters: the target keeps its locale. */
+    /**
+     * Takes the characters only.
+     *
+     * \deliberate{assignment-keeps-locale} The target keeps the locale that it was made under.
+     */
     ZyString & operator=(ZyString const & other);
     ZyString & operator=(ZyString && other);
     ZyString & operator=(char const * text);

@@ -244,3 +244,11 @@ TEST(ZyComparableString, WorksThroughReferencesToTheBase)
     EXPECT_TRUE(a == text);
     EXPECT_TRUE(text == b);
 }
+
+TEST(ZyComparableString, Deliberate_signed_bytes_order)
+{
+    EXPECT_LT(ZyString("\x80"), ZyString("A"));
+    EXPECT_LT(ZyString("\xFF"), ZyString(" "));
+    EXPECT_LT(ZyString("\x80"), ZyString("\xFF"));
+    EXPECT_LT(ZyString("\xFF").compare(ZyString("a"), ZyComparableString::CaseSensitive), 0);
+}

@@ -360,3 +360,21 @@ TEST(ZyStringLocale, IsASnapshotOfTheConstruction)
     EXPECT_TRUE(contains);
     EXPECT_FALSE(ZyString::IsWhiteSpace('x'));
 }
+
+TEST(ZyStringLocale, Deliberate_assignment_keeps_locale)
+{
+    class Digits : public std::ctype<char>
+    {
+    protected:
+        char do_tolower(char c) const override { return c == '1' ? '2' : std::ctype<char>::do_tolower(c); }
+    };
+    std::locale const former = std::locale::global(std::locale(std::locale::classic(), new Digits));
+    ZyString const odd("1");
+    std::locale::global(former);
+    ZyString assigned;
+    assigned = odd;
+    ZyString const copied(odd);
+    EXPECT_TRUE(odd.equal("2", ZyComparableString::CaseInsensitive));
+    EXPECT_TRUE(copied.equal("2", ZyComparableString::CaseInsensitive));
+    EXPECT_FALSE(assigned.equal("2", ZyComparableString::CaseInsensitive));
+}
