@@ -145,7 +145,7 @@ public:
 
 private:
     class ZYCORE_PRIVATE Private;
-    explicit ZyFilePath(Private * state);
+    ZYCORE_PRIVATE explicit ZyFilePath(Private * state);
     ZyPrivatePtr<Private> & d() { return m_d; }
     ZyPrivatePtr<Private> const & d() const { return m_d; }
 
