@@ -44,6 +44,17 @@ int compareCharacters(std::string_view a, std::string_view b, Comparison compari
                                 [&](auto const & fold) { return ZyCaseFold::compare(a, b, i, fold); });
 }
 
+/** The order without regard to case; our own classes need no virtual call for it. */
+int order(ZyComparableString const & a, ZyComparableString const & b)
+{
+    std::string_view first;
+    std::string_view second;
+    if (ZyTextAccess::characters(a, first) && ZyTextAccess::characters(b, second)) {
+        return compareCharacters(first, second, Comparison::CaseInsensitive);
+    }
+    return a.compare(b, Comparison::CaseInsensitive);
+}
+
 /** The characters of any text; \a copy holds those of a host's class. */
 std::string_view charactersOf(ZyComparableString const & text, std::string & copy)
 {
@@ -62,6 +73,11 @@ ZyComparableString::~ZyComparableString() = default;
 
 int ZyComparableString::compare(ZyComparableString const & other, Comparison comparison) const
 {
+    std::string_view mine;
+    std::string_view theirs;
+    if (ZyTextAccess::characters(*this, mine) && ZyTextAccess::characters(other, theirs)) {
+        return compareCharacters(mine, theirs, comparison);
+    }
     std::string copy;
     std::string otherCopy;
     return compareCharacters(charactersOf(*this, copy), charactersOf(other, otherCopy), comparison);
@@ -99,22 +115,22 @@ bool ZyComparableString::operator!=(ZyComparableString const & other) const
 
 bool ZyComparableString::operator<(ZyComparableString const & other) const
 {
-    return compare(other, CaseInsensitive) < 0;
+    return order(*this, other) < 0;
 }
 
 bool ZyComparableString::operator<=(ZyComparableString const & other) const
 {
-    return compare(other, CaseInsensitive) < 1;
+    return order(*this, other) < 1;
 }
 
 bool ZyComparableString::operator>(ZyComparableString const & other) const
 {
-    return compare(other, CaseInsensitive) > 0;
+    return order(*this, other) > 0;
 }
 
 bool ZyComparableString::operator>=(ZyComparableString const & other) const
 {
-    return compare(other, CaseInsensitive) >= 0;
+    return order(*this, other) >= 0;
 }
 
 bool ZyComparableString::isDouble() const

@@ -19,12 +19,22 @@
 
 namespace
 {
-template <class N>
-std::string decimal(N number)
+/** The decimal text of a number, as long as it is looked at. */
+class Decimal
 {
-    char text[ZyNumberText::room];
-    return std::string(text, ZyNumberText::write(text, number));
-}
+public:
+    template <class N>
+    explicit Decimal(N number) : m_end(ZyNumberText::write(m_text, number))
+    {}
+    operator std::string_view() const
+    {
+        return std::string_view(m_text, static_cast<std::size_t>(m_end - m_text));
+    }
+
+private:
+    char m_text[ZyNumberText::room];
+    char const * m_end;
+};
 
 std::string joined(std::string_view a, std::string_view b)
 {
@@ -37,17 +47,17 @@ std::string joined(std::string_view a, std::string_view b)
 
 ZyString::ZyString() : m_d(new Private) {}
 
-ZyString::ZyString(char const * text) : m_d(new Private(std::string(zyCText(text)))) {}
+ZyString::ZyString(char const * text) : m_d(new Private(zyCText(text))) {}
 
 ZyString::ZyString(char character) : m_d(new Private(std::string(1, character))) {}
 
-ZyString::ZyString(int number) : m_d(new Private(decimal(number))) {}
+ZyString::ZyString(int number) : m_d(new Private(std::string_view(Decimal(number)))) {}
 
-ZyString::ZyString(unsigned int const & number) : m_d(new Private(decimal(number))) {}
+ZyString::ZyString(unsigned int const & number) : m_d(new Private(std::string_view(Decimal(number)))) {}
 
-ZyString::ZyString(__int64 const & number) : m_d(new Private(decimal(number))) {}
+ZyString::ZyString(__int64 const & number) : m_d(new Private(std::string_view(Decimal(number)))) {}
 
-ZyString::ZyString(std::string const & text) : m_d(new Private(std::string(text))) {}
+ZyString::ZyString(std::string const & text) : m_d(new Private(std::string_view(text))) {}
 
 ZyString::ZyString(std::string && text) : m_d(new Private(std::move(text))) {}
 
@@ -55,11 +65,11 @@ ZyString::ZyString(QString const & text) : m_d(new Private(text.toStdString())) 
 
 ZyString::ZyString(QStringRef const & text) : m_d(new Private(text.toString().toStdString())) {}
 
-ZyString::ZyString(ZyStringView const & text) : m_d(new Private(std::string(ZyTextAccess::view(text)))) {}
+ZyString::ZyString(ZyStringView const & text) : m_d(new Private(ZyTextAccess::view(text))) {}
 
-ZyString::ZyString(YString const & text) : m_d(new Private(std::string(text.c_str()))) {}
+ZyString::ZyString(YString const & text) : m_d(new Private(std::string_view(text.c_str()))) {}
 
-ZyString::ZyString(TempString const & text) : m_d(new Private(std::string(text.c_str()))) {}
+ZyString::ZyString(TempString const & text) : m_d(new Private(std::string_view(text.c_str()))) {}
 
 ZyString::ZyString(ZyString const & other)
     : ZyComparableString(other), m_d(new Private(std::string(other.d()->text), other.d()->locale))

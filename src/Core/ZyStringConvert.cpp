@@ -136,10 +136,11 @@ bool ZyString::isDouble() const
 bool ZyString::isInteger() const
 {
     // The number is read from the whole text, and its canonical form compared with the text without its
-    // blanks.
-    char text[ZyNumberText::room];
-    char const * const end = ZyNumberText::write(text, toInt());
-    return std::string_view(text, static_cast<std::size_t>(end - text)) == trimmedText(*this);
+    // blanks. These two can only differ when blanks of the locale stand in front that are none for toInt.
+    std::string_view const trimmed = trimmedText(*this);
+    int number = 0;
+    return ZyNumberText::isInteger(trimmed, number) &&
+           (trimmed.data() == d()->text.data() || toInt() == number);
 }
 
 ZyString ZyString::NewLine()
@@ -150,5 +151,8 @@ ZyString ZyString::NewLine()
 ZyString ZyString::ToString(double const & number)
 {
     char text[ZyNumberText::room];
-    return std::string(text, ZyNumberText::write(text, number));
+    char const * const end = ZyNumberText::write(text, number);
+    ZyString result;
+    ZyTextAccess::set(result, std::string_view(text, static_cast<std::size_t>(end - text)));
+    return result;
 }

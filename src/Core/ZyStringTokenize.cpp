@@ -19,7 +19,7 @@ ZyDeque<ZyStringView> split(std::string_view text, std::string_view delimiter, F
     std::size_t start = 0;
     for (std::size_t hit = 0; hit != std::string_view::npos;) {
         hit = ZyCaseFold::find(text, delimiter, start, fold);
-        tokens.std_deque().push_back(ZyTextAccess::slice(text.substr(start, hit - start)));
+        ZyTextAccess::set(tokens.std_deque().emplace_back(), text.substr(start, hit - start));
         start = hit + delimiter.size();
     }
     return tokens;

@@ -15,6 +15,7 @@ class ZyString::Private : public ZyPrivateObject
 public:
     Private() = default;
     explicit Private(std::string && characters) : text(std::move(characters)) {}
+    explicit Private(std::string_view characters) : text(characters) {}
     Private(std::string && characters, std::locale const & place) : text(std::move(characters)), locale(place)
     {}
 
@@ -49,9 +50,12 @@ struct ZyTextAccess
     static ZyStringView slice(std::string_view characters)
     {
         ZyStringView result;
-        result.d()->text = characters;
+        set(result, characters);
         return result;
     }
+    /** Lets a view that has not been moved from point at other characters. */
+    static void set(ZyStringView & view, std::string_view characters) { view.d()->text = characters; }
+    static void set(ZyString & text, std::string_view characters) { text.d()->text = characters; }
     /**
      * Gives the characters of a text that is exactly of one of our own classes. A host's class may have
      * replaced the primitives, and is asked through them.
