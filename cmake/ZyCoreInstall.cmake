@@ -27,12 +27,22 @@ if(NOT ZYCORE_KEELBASE_ROOT)
   install(DIRECTORY keelbase/include/keelbase DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT Development)
 endif()
 zycore_install_library(ZyCore)
+# A Keelbase from elsewhere stays where it is.
+if(ZYCORE_KEELBASE_ROOT)
+  set_target_properties(ZyCore PROPERTIES INSTALL_RPATH_USE_LINK_PATH ON)
+  set(ZYCORE_PC_KEELBASE_CFLAGS "-I$<JOIN:$<TARGET_PROPERTY:Keelbase::Keelbase,INTERFACE_INCLUDE_DIRECTORIES>, -I>")
+  set(ZYCORE_PC_KEELBASE_LIBS "-L$<TARGET_LINKER_FILE_DIR:Keelbase::Keelbase> -lKeelbase")
+else()
+  set(ZYCORE_PC_KEELBASE_CFLAGS "-I\${includedir}")
+  set(ZYCORE_PC_KEELBASE_LIBS -lKeelbase)
+endif()
 install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ZyCore COMPONENT Development)
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT Runtime)
 
 # The file names its tree from its own place, so that the tree may be moved.
 file(RELATIVE_PATH ZYCORE_PC_UP ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
-configure_file(cmake/zycore.pc.in ${PROJECT_BINARY_DIR}/zycore.pc @ONLY)
+configure_file(cmake/zycore.pc.in ${PROJECT_BINARY_DIR}/cmake/zycore.pc.in @ONLY)
+file(GENERATE OUTPUT ${PROJECT_BINARY_DIR}/zycore.pc INPUT ${PROJECT_BINARY_DIR}/cmake/zycore.pc.in)
 install(FILES ${PROJECT_BINARY_DIR}/zycore.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT Development)
 
 set(CPACK_PACKAGE_NAME zycore)
