@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// What a child process of a test may be denied: a large file, the rights of root. For use in EXPECT_EXIT.
+#pragma once
+
+#include <csignal>
+#include <cstdlib>
+#include <exception>
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace Restricted
+{
+/** Lets every write beyond a size of its file fail, as on a full disk. */
+inline void limitFileSize(unsigned long bytes)
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit const limit = {bytes, bytes};
+    if (::setrlimit(RLIMIT_FSIZE, &limit) != 0) {
+        std::_Exit(98);
+    }
+}
+
+/** Gives up the rights of root; nothing for another user. */
+inline void dropRights()
+{
+    constexpr unsigned nobody = 65534;
+    if (::geteuid() == 0 && (::setgid(nobody) != 0 || ::setuid(nobody) != 0)) {
+        std::_Exit(97);
+    }
+}
+
+/** Ends the process: 0 when the check says true, 1 when false, 2 when anything is thrown. */
+template <class Check>
+[[noreturn]] void exitWith(Check && check)
+{
+    int code = 2;
+    try {
+        code = check() ? 0 : 1;
+    } catch (...) {
+    }
+    std::_Exit(code);
+}
+} // namespace Restricted
