@@ -4,10 +4,13 @@
 
 #include <ZyBase64Converter.h>
 #include <ZyByteArray.h>
+#include <ZyCSVFile.h>
+#include <ZyCSVWriter.h>
 #include <ZyCaseSensitiveString.h>
 #include <ZyComparableString.h>
 #include <ZyContainer.h>
 #include <ZyCoreFwd.h>
+#include <ZyDataTable.h>
 #include <ZyDeque.h>
 #include <ZyException.h>
 #include <ZyExport.h>
@@ -37,6 +40,7 @@
 #include <ZyTypes.h>
 #include <ZyUniquePtr.h>
 #include <ZyVariant.h>
+#include <ZyVariantTable.h>
 #include <ZyVector.h>
 #include <ZyZipArchive.h>
 #include <ZyZipFile.h>
