@@ -42,10 +42,8 @@ public:
     ZySharedPtr(ZySharedPtr<U> && other) noexcept : m_object(std::move(other.m_object))
     {}
     template <class U, class = std::enable_if_t<std::is_convertible_v<U *, T *>>>
-    ZySharedPtr(ZyUniquePtr<U> && other) : m_object(other.get())
-    {
-        static_cast<void>(other.release());
-    }
+    ZySharedPtr(ZyUniquePtr<U> && other) : m_object(std::move(other.m_object))
+    {}
     /** Shares the life of \a owner and points at \a object, a part of it or the same object under another
      * type. */
     template <class U>
@@ -173,6 +171,21 @@ template <class T, class U>
 bool operator<(ZySharedPtr<T> const & a, ZySharedPtr<U> const & b) noexcept
 {
     return std::less<std::common_type_t<T *, U *>>()(a.get(), b.get());
+}
+template <class T, class U>
+bool operator>(ZySharedPtr<T> const & a, ZySharedPtr<U> const & b) noexcept
+{
+    return b < a;
+}
+template <class T, class U>
+bool operator<=(ZySharedPtr<T> const & a, ZySharedPtr<U> const & b) noexcept
+{
+    return !(b < a);
+}
+template <class T, class U>
+bool operator>=(ZySharedPtr<T> const & a, ZySharedPtr<U> const & b) noexcept
+{
+    return !(a < b);
 }
 template <class T>
 bool operator==(ZySharedPtr<T> const & a, std::nullptr_t) noexcept

@@ -10,6 +10,9 @@
 #include <type_traits>
 #include <utility>
 
+template <class T>
+class ZySharedPtr;
+
 /**
  * Sole owner of an object allocated with the plain `new`. Move-only.
  *
@@ -65,6 +68,9 @@ public:
     void swap(ZyUniquePtr & other) noexcept { m_object.swap(other.m_object); }
 
 private:
+    template <class U>
+    friend class ZySharedPtr;
+
     T * checked() const
     {
         if (!m_object) {
@@ -90,6 +96,21 @@ template <class T, class U>
 bool operator<(ZyUniquePtr<T> const & a, ZyUniquePtr<U> const & b) noexcept
 {
     return std::less<std::common_type_t<T *, U *>>()(a.get(), b.get());
+}
+template <class T, class U>
+bool operator>(ZyUniquePtr<T> const & a, ZyUniquePtr<U> const & b) noexcept
+{
+    return b < a;
+}
+template <class T, class U>
+bool operator<=(ZyUniquePtr<T> const & a, ZyUniquePtr<U> const & b) noexcept
+{
+    return !(b < a);
+}
+template <class T, class U>
+bool operator>=(ZyUniquePtr<T> const & a, ZyUniquePtr<U> const & b) noexcept
+{
+    return !(a < b);
 }
 template <class T>
 bool operator==(ZyUniquePtr<T> const & a, std::nullptr_t) noexcept
