@@ -65,10 +65,10 @@ public:
      * Calls \a visit for what is in a directory: directories, with a final separator, before their content,
      * and files; siblings in the order of the disk.
      *
-     * Paths begin with \a path as it stands. Of what Qt counts as hidden (dot names), of broken links and of
-     * pipes nothing is told. A link to a directory comes as a directory and is entered only with \a
-     * followLinks. What cannot be read, or is no directory, has no content. Exceptions of \a visit pass
-     * through and end the walk.
+     * Paths begin with \a path as it stands. Nothing is told of dot names, broken links, pipes and names that
+     * are no UTF-8. A link to a directory comes as a directory and is entered only with \a followLinks; each
+     * directory is entered once. What cannot be read, or is no directory, has no content. Exceptions of \a
+     * visit pass through and end the walk.
      */
     static void ForEachFile(ZyFilePath const & path, bool recursive, bool followLinks,
                             std::function<void(ZyFilePath &&)> visit);
