@@ -15,8 +15,7 @@ int main()
     }
 
     ZyZipArchive archive("results.zip", ZyZipArchive::Read, ZyZipArchive::Portable);
-    ZyDeque<ZyFilePath> const paths = archive.paths();
-    for (ZyFilePath const & path : paths.std_deque()) {
+    for (ZyFilePath const & path : archive.paths()) {
         ZySharedPtr<ZyZipFile> const entry = archive.open(path, ZyZipArchive::DefaultLevel).lock();
         std::cout << path.path().c_str() << ": " << entry->readRemaining().c_str();
     }

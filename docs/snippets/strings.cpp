@@ -12,7 +12,7 @@ int main()
               << line.equal("GAIN ; 12 ; DB", ZyComparableString::CaseSensitive) << '\n';
 
     // Tokens are views: they point into the line and cost no copy.
-    for (ZyStringView const & token : line.tokenize(";").std_deque()) {
+    for (ZyStringView const & token : line.tokenize(";")) {
         ZyString const text = token.toString().trim();
         ZyVariant const value = text.isInteger() ? ZyVariant(text.toInt()) : ZyVariant(text);
         std::cout << ZyVariant::TypeString(value.type()) << ' ' << value.toString().c_str() << '\n';
