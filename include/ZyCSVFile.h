@@ -15,7 +15,9 @@
  * escaped quote inside a field.
  *
  * \code
- * for (ZyStringView const & field : ZyCSVFile::ExtractLine(line).std_deque()) ...
+ * ZyString const line("1,\"a, b\"");
+ * ZyDeque<ZyStringView> const fields = ZyCSVFile::ExtractLine(line);
+ * fields.at(1) == "a, b"; // true
  * \endcode
  */
 class ZYCORE_EXPORT ZyCSVFile : public ZyFile

@@ -239,7 +239,7 @@ TEST(ZyDataTableSort, SortsManyRows)
 {
     std::mt19937 random(17);
     std::vector<ZyVariant> values;
-    for (int i = 0; i < 20000; ++i) {
+    for (int i = 0; i < 5000; ++i) {
         values.emplace_back(static_cast<int>(random() % 100000));
     }
     ZyDataTable table = columnTable(values);
