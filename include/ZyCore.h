@@ -24,6 +24,8 @@
 #include <ZyList.h>
 #include <ZyMaths.h>
 #include <ZyMatrix.h>
+#include <ZyOOXMLWriterDocument.h>
+#include <ZyOOXMLWriterSpreadsheet.h>
 #include <ZyObject.h>
 #include <ZyPair.h>
 #include <ZyPoint.h>
@@ -42,6 +44,10 @@
 #include <ZyVariant.h>
 #include <ZyVariantTable.h>
 #include <ZyVector.h>
+#include <ZyXMLElementWriter.h>
+#include <ZyXMLSpreadsheetWriter.h>
+#include <ZyXMLStreamElementWriter.h>
+#include <ZyXMLStreamWriter.h>
 #include <ZyZipArchive.h>
 #include <ZyZipFile.h>
 #include <ZyZipper.h>
