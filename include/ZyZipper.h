@@ -33,9 +33,10 @@ public:
      * under its path from there. Directories themselves, and on POSIX files whose name begins with a dot, are
      * not stored.
      *
-     * Files are read through ZyFile, which is made for text: in content with zero bytes, what stands between
-     * such a byte and the end of its block of 16,384 bytes is lost. When an exception ends the work, what was
-     * written of the archive stays.
+     * \deliberate{zip-packs-text} Files are read through ZyFile, which is made for text: in content with zero bytes, what
+     * stands between such a byte and the end of its block of 16,384 bytes is lost.
+     *
+     * When an exception ends the work, what was written of the archive stays.
      *
      * \throws ZyInvalidPathException the archive cannot be created
      * \throws ZyFileNotFoundException, ZyCannotOpenFileException a file cannot be read
@@ -63,8 +64,8 @@ public:
      *
      * \throws ZyFileException \a target does not end in a separator: "Cannot unzip as target path is not a directory"
      * \throws ZyFileNotFoundException there is no such archive
-     * \throws ZyInvalidPathException the archive cannot be opened or its directory is damaged (path of the archive);
-     * a name is refused (path of the entry)
+     * \throws ZyInvalidPathException the archive cannot be opened or lists no entry (path of the archive); a name is
+     * refused (path of the entry)
      * \throws ZyInvalidParameterException an entry cannot be opened, as ZyZipArchive::open tells
      * \throws ZyInvalidCallException an entry cannot be read, as ZyZipFile tells; its checksum is wrong:
      * "ZyZipFile read failed: Unzip CRC error"
