@@ -2,8 +2,10 @@
 // The layout of a print argument and what its constructors set.
 #include <keelbase/Keelbase.h>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstddef>
 #include <cstring>
 #include <type_traits>
@@ -15,8 +17,10 @@ static_assert(offsetof(PrintfArg, value) == 2 * sizeof(int) && sizeof(PrintfArg)
 TEST(PrintfArg, IsAllZeroByDefault)
 {
     PrintfArg const argument;
-    char bytes[sizeof argument] = {};
-    EXPECT_EQ(std::memcmp(&argument, bytes, sizeof bytes), 0);
+    std::array<unsigned char, sizeof argument> bytes;
+    bytes.fill(0xFF);
+    std::memcpy(bytes.data(), &argument, bytes.size());
+    EXPECT_THAT(bytes, testing::Each(0));
 }
 
 TEST(PrintfArg, HoldsTextByPointer)

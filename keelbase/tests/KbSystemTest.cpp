@@ -104,6 +104,7 @@ TEST_F(SpGetTempFile, GivesNoNameTwiceFromSeveralThreads)
 {
     std::vector<std::vector<std::string>> names(4);
     std::vector<std::thread> threads;
+    threads.reserve(names.size());
     for (auto & own : names) {
         threads.emplace_back([&own] {
             for (int i = 0; i < 500; ++i) {

@@ -110,8 +110,10 @@ TEST(YString, CanBeAssignedAfterItWasMovedFrom)
 TEST(TempString, IsAYStringInAllButItsType)
 {
     TempString const text("abc");
-    YString const copy = text;
-    EXPECT_TRUE(copy == "abc");
+    YString copy = text;
+    copy += "d";
+    EXPECT_TRUE(copy == "abcd");
+    EXPECT_TRUE(text == "abc");
     EXPECT_TRUE(TempString(copy) == copy);
     EXPECT_STREQ(TempString(5).c_str(), "5");
 }
