@@ -24,6 +24,7 @@
 #include <ZyList.h>
 #include <ZyMaths.h>
 #include <ZyMatrix.h>
+#include <ZyOOXMLWriter.h>
 #include <ZyOOXMLWriterDocument.h>
 #include <ZyOOXMLWriterSpreadsheet.h>
 #include <ZyObject.h>

@@ -52,6 +52,7 @@ class ZyNotImplementedException;
 class ZyNullDomElementException;
 class ZyNullPointerException;
 class ZyNullXMLStreamElementException;
+class ZyOOXMLWriter;
 class ZyOOXMLWriterDocument;
 class ZyOOXMLWriterSpreadsheet;
 class ZyObject;
