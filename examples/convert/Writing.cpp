@@ -1,0 +1,310 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// The three writers, each followed by a look at what has arrived on the disk.
+
+#include "Writing.h"
+
+#include "Cell.h"
+#include "ConvertError.h"
+#include "PendingFile.h"
+#include "Terminal.h"
+
+#include <ZyCSVWriter.h>
+#include <ZyFile.h>
+#include <ZyOOXMLWriter.h>
+#include <ZyOOXMLWriterSpreadsheet.h>
+#include <ZyXMLSpreadsheetWriter.h>
+#include <ZyZipArchive.h>
+#include <ZyZipFile.h>
+
+#include <QFile>
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace
+{
+
+/** A file that counts what it was given, since a disk that fills up shows in the size of the file alone. */
+class CountedFile : public ZyFile
+{
+public:
+    explicit CountedFile(ZyFilePath const & path) : ZyFile(path) { open(ZyIODevice::Write); }
+    unsigned long long written() const { return m_written; }
+
+protected:
+    unsigned int onWrite(ZyString const & text) override
+    {
+        m_written += text.size();
+        return ZyFile::onWrite(text);
+    }
+
+private:
+    unsigned long long m_written = 0;
+};
+
+/** Reports the rows of one output, and lets an interruption through. */
+class RowCounter
+{
+public:
+    explicit RowCounter(ProgressBar & progress) : m_progress(progress) {}
+    /** \return whether \a row is another one than in the last call */
+    bool enter(unsigned int row)
+    {
+        if (m_started && row == m_row) {
+            return false;
+        }
+        m_started = true;
+        m_row = row;
+        Interruption::check();
+        m_progress.advance(row);
+        return true;
+    }
+
+private:
+    ProgressBar & m_progress;
+    bool m_started = false;
+    unsigned int m_row = 0;
+};
+
+/** The sheet of a workbook finds the place of each cell itself, beside tall cells too. */
+class WorkbookRows
+{
+public:
+    explicit WorkbookRows(ZyOOXMLWriterSpreadsheet & sheet) : m_sheet(sheet) {}
+    void start() { m_sheet.startRow(); }
+    void add(ZyVariant const & value, unsigned int, unsigned int columnSpan, unsigned int rowSpan)
+    {
+        m_sheet.addCell(kindOf(value) == CellKind::Empty ? ZyVariant() : value, columnSpan, rowSpan);
+    }
+
+private:
+    ZyOOXMLWriterSpreadsheet & m_sheet;
+};
+
+/** In a single-file sheet a cell stands behind the one before it: squares below a tall cell are to be filled.
+ */
+class XmlSheetRows
+{
+public:
+    explicit XmlSheetRows(ZyXMLSpreadsheetWriter & sheet) : m_sheet(sheet) {}
+    void start()
+    {
+        m_sheet.startRow();
+        m_next = 0;
+    }
+    void add(ZyVariant const & value, unsigned int column, unsigned int columnSpan, unsigned int rowSpan)
+    {
+        for (; m_next < column; ++m_next) {
+            m_sheet.addCell(ZyString(), 1, 1);
+        }
+        m_sheet.addCell(value, columnSpan, rowSpan);
+        m_next += columnSpan;
+    }
+
+private:
+    ZyXMLSpreadsheetWriter & m_sheet;
+    unsigned int m_next = 0;
+};
+
+template <class Rows>
+void fillSheet(Rows && rows, ZyDataTable const & table, ProgressBar & progress)
+{
+    RowCounter counter(progress);
+    table.forEachItemSpreadsheet([&](ZyVariant const & value, unsigned int row, unsigned int column,
+                                     unsigned int columnSpan, unsigned int rowSpan, ZyDataTable::ItemType) {
+        if (counter.enter(row)) {
+            rows.start();
+        }
+        rows.add(value, column, columnSpan, rowSpan);
+    });
+}
+
+// The destructor of a package closes it as well, and a failure there would end the process: after a failure
+// it is closed here once more, with nobody left to be told.
+void fillPackage(ZyOOXMLWriter & package, ZyDataTable const & table, Options const & options,
+                 ProgressBar & progress)
+{
+    try {
+        ZySharedPtr<ZyOOXMLWriterSpreadsheet> const sheet = package.addSheet(ZyString(options.sheet));
+        fillSheet(WorkbookRows(*sheet), table, progress);
+        package.close();
+    } catch (...) {
+        try {
+            package.close();
+        } catch (ZyException const &) { // the first failure is the one to tell
+        }
+        throw;
+    }
+}
+
+// The last thing written, and the first that readers look for.
+bool endsWithItsRecord(PendingFile const & file)
+{
+    constexpr int size = 22;
+    QFile package(file.temporary());
+    return package.open(QIODevice::ReadOnly) && package.seek(package.size() - size) &&
+           package.read(size).startsWith(QByteArrayLiteral("PK\x05\x06"));
+}
+
+bool isComplete(PendingFile const & file)
+{
+    constexpr unsigned int parts = 5;
+    ZyZipArchive archive(file.path(), ZyZipArchive::Read, ZyZipArchive::Portable);
+    ZyDeque<ZyFilePath> const paths = archive.paths();
+    bool complete = paths.size() == parts && endsWithItsRecord(file);
+    for (ZyFilePath const & path : paths.std_deque()) {
+        ZySharedPtr<ZyZipFile> const part = archive.open(path, ZyZipArchive::DefaultLevel).lock();
+        ZyString last;
+        while (!part->atEnd()) {
+            Interruption::check();
+            last = part->read(65536);
+        }
+        complete = complete && last.endsWith(">\n");
+    }
+    return complete;
+}
+
+// A full disk can pass unseen while a package is written: only reading it again tells.
+void checkPackage(PendingFile const & file)
+{
+    bool complete = false;
+    try {
+        complete = isComplete(file);
+    } catch (ZyUserCancelledException const &) {
+        throw;
+    } catch (ZyException const &) { // whatever is wrong with it, it is not what was written
+    }
+    if (!complete) {
+        throw file.incomplete();
+    }
+}
+
+void writeWorkbook(PendingFile const & file, ZyDataTable const & table, Options const & options,
+                   ProgressBar & progress)
+{
+    {
+        ZyOOXMLWriter package(file.path(), ZyOOXMLWriter::Spreadsheet, ZyZipArchive::Portable);
+        fillPackage(package, table, options, progress);
+    }
+    checkPackage(file);
+}
+
+void writeXmlSheet(PendingFile const & file, ZyDataTable const & table, ProgressBar & progress)
+{
+    CountedFile device(file.path());
+    {
+        ZyXMLSpreadsheetWriter sheet(device);
+        fillSheet(XmlSheetRows(sheet), table, progress);
+        sheet.finish();
+    }
+    device.close();
+    file.checkSize(device.written());
+}
+
+// The library's writer puts a text as it is; quotes where they are needed are its caller's to add.
+ZyString csvText(ZyVariant const & value)
+{
+    ZyString const text = exactText(value);
+    std::string const & letters = text.toStdString();
+    bool const special = letters.find_first_of(",\"\r\n") != std::string::npos;
+    bool const blankEnds = !letters.empty() && (ZyString::IsWhiteSpace(letters.front()) ||
+                                                ZyString::IsWhiteSpace(letters.back()));
+    return special || blankEnds ? "\"" + text.replaced("\"", "\"\"", ZyComparableString::CaseSensitive) + "\""
+                                : text;
+}
+
+/** Writes the rows of text for one row of the table: a tall cell stands in each of them. */
+class CsvRows
+{
+public:
+    explicit CsvRows(ZyCSVWriter & writer) : m_writer(writer) {}
+
+    void add(ZyDataTable const & table, unsigned int row)
+    {
+        std::vector<ZyDeque<ZyVariant>> columns;
+        unsigned int height = 1;
+        table.forEachItem(row, [&](ZyDataTableItem const & item, unsigned int, unsigned int) {
+            columns.push_back(item.values());
+            height = std::max(height, item.numberValues());
+        });
+        for (unsigned int line = 0; line < height; ++line) {
+            for (ZyDeque<ZyVariant> const & values : columns) {
+                ZyString const text = csvText(values.at(values.size() == 1 ? 0 : line));
+                // A line of one empty field would be a blank line, which readers skip.
+                m_writer.addValue(columns.size() == 1 && text.isEmpty() ? ZyString("\"\"") : text);
+            }
+            m_writer.endLine();
+        }
+    }
+
+private:
+    ZyCSVWriter & m_writer;
+};
+
+void writeCsv(PendingFile const & file, ZyDataTable const & table, ProgressBar & progress)
+{
+    CountedFile device(file.path());
+    ZyCSVWriter writer(device);
+    CsvRows rows(writer);
+    RowCounter counter(progress);
+    for (unsigned int row = 0; row < table.numberRows(); ++row) {
+        counter.enter(row);
+        rows.add(table, row);
+    }
+    device.close();
+    file.checkSize(device.written());
+}
+
+void write(PendingFile const & file, ZyDataTable const & table, Options const & options,
+           ProgressBar & progress)
+{
+    switch (outputKind(file.target())) {
+    case OutputKind::Workbook:
+        writeWorkbook(file, table, options, progress);
+        break;
+    case OutputKind::XmlSheet:
+        writeXmlSheet(file, table, progress);
+        break;
+    case OutputKind::Csv:
+        writeCsv(file, table, progress);
+        break;
+    }
+}
+
+// Says which output it was that failed.
+void writeNamed(PendingFile const & file, ZyDataTable const & table, Options const & options,
+                ProgressBar & progress)
+{
+    try {
+        write(file, table, options, progress);
+    } catch (ConvertError const &) {
+        throw;
+    } catch (ZyUserCancelledException const &) {
+        throw;
+    } catch (ZyException const & failure) {
+        throw ConvertError::File(file.target(),
+                                 QStringLiteral("cannot be written: %1").arg(failure.message().toQString()));
+    }
+}
+
+} // namespace
+
+void writeOutputs(ZyDataTable const & table, Options const & options, ProgressBar & progress)
+{
+    Interruption const interruption;
+    std::vector<std::unique_ptr<PendingFile>> files;
+    for (QString const & output : options.outputs) {
+        files.push_back(std::make_unique<PendingFile>(output));
+    }
+    for (auto const & file : files) {
+        progress.begin(file->target(), outputKind(file->target()) == OutputKind::Csv
+                                           ? table.numberRows()
+                                           : table.numberSpreadsheetRows());
+        writeNamed(*file, table, options, progress);
+    }
+    for (auto const & file : files) {
+        file->commit();
+    }
+}

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// zyconvert: turns comma-separated text into workbooks, XML sheets and clean comma-separated text.
+
+#include "ConvertError.h"
+#include "Options.h"
+#include "Reading.h"
+#include "Shaping.h"
+#include "Summary.h"
+#include "Terminal.h"
+#include "TextCheck.h"
+#include "Writing.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QTextCodec>
+
+#include <cstdio>
+#include <exception>
+#include <new>
+
+namespace
+{
+
+void convert(Options const & options)
+{
+    QElapsedTimer timer;
+    timer.start();
+    ProgressBar progress(!options.quiet && errorsGoToTerminal());
+
+    progress.begin(options.input, 1);
+    TextFacts const facts = checkText(options.input);
+    checkSize(options.input, facts, writesSheet(options));
+    ZyVariantTable const table = readTable(options.input, facts, options.typed);
+    writeOutputs(shapeTable(table, options), options, progress);
+
+    progress.wipe();
+    if (!options.quiet) {
+        printSummary(options, facts, table, double(timer.elapsed()) / 1000.0);
+    }
+}
+
+int fail(char const * where, char const * reason, int status = 1)
+{
+    std::fprintf(stderr, "%s%s\n", where, reason);
+    return status;
+}
+
+int run(QStringList const & arguments)
+{
+    try {
+        if (auto const options = parseOptions(arguments)) {
+            convert(*options);
+        }
+        return 0;
+    } catch (ConvertError const & error) {
+        return fail("", error.what());
+    } catch (ZyUserCancelledException const &) {
+        return fail("zyconvert: ", "interrupted; nothing was written", 130);
+    } catch (ZyException const & error) {
+        return fail("zyconvert: ", error.what());
+    } catch (std::bad_alloc const &) {
+        return fail("zyconvert: ", "not enough memory");
+    } catch (std::exception const & error) {
+        return fail("zyconvert: ", error.what());
+    }
+}
+
+} // namespace
+
+int main(int argc, char ** argv)
+{
+    // File names are UTF-8 whatever language the system speaks.
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    makeWritesFailGently();
+    QCoreApplication const application(argc, argv);
+    return run(QCoreApplication::arguments());
+}
