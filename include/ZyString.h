@@ -216,3 +216,7 @@ private:
 };
 
 ZYCORE_EXPORT ZyString operator+(char const * a, ZyString const & b);
+
+/** Text is equal without regard to case, and the QString that it converts to has another hash: see ZyHash.h.
+ */
+unsigned int qHash(ZyString const & text) = delete;
