@@ -19,6 +19,7 @@
 #include <ZyFileException.h>
 #include <ZyFilePath.h>
 #include <ZyFileSystem.h>
+#include <ZyHash.h>
 #include <ZyIODevice.h>
 #include <ZyIterator.h>
 #include <ZyList.h>
@@ -30,6 +31,7 @@
 #include <ZyObject.h>
 #include <ZyPair.h>
 #include <ZyPoint.h>
+#include <ZyPrint.h>
 #include <ZyPrivateObject.h>
 #include <ZyRef.h>
 #include <ZySharedPtr.h>

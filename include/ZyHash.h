@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// Hashing for the standard library's and Qt's containers. Costs nothing where it is not included.
+#pragma once
+
+#include <ZyCaseSensitiveString.h>
+#include <ZyComparableString.h>
+#include <ZyExport.h>
+
+#include <QHash>
+
+#include <cstddef>
+#include <functional>
+#include <string_view>
+#include <type_traits>
+
+/**
+ * Hashes text without regard to case, for containers whose key equality is ZyStringEqual.
+ *
+ * \code
+ * std::unordered_map<ZyString, int, ZyStringHash, ZyStringEqual> ports;
+ * \endcode
+ *
+ * Texts that ZyString's `==` calls equal have equal hashes. Both follow the global locale of the moment: a
+ * container that outlives a change of it must be rehashed. This is why text without regard to case has no
+ * `std::hash`: who wants it names it.
+ */
+struct ZYCORE_EXPORT ZyStringHash
+{
+    using is_transparent = void;
+
+    std::size_t operator()(ZyComparableString const & text) const;
+    /** The characters up to the first NUL; none for a null pointer. */
+    std::size_t operator()(char const * text) const;
+};
+
+/** Whether two texts are equal without regard to case, also where their own class says otherwise. */
+struct ZYCORE_EXPORT ZyStringEqual
+{
+    using is_transparent = void;
+
+    bool operator()(ZyComparableString const & a, ZyComparableString const & b) const;
+    bool operator()(ZyComparableString const & a, char const * b) const;
+    bool operator()(char const * a, ZyComparableString const & b) const;
+};
+
+namespace std
+{
+/** Hashes the bytes, as the class compares them. */
+template <>
+struct hash<ZyCaseSensitiveString>
+{
+    size_t operator()(ZyCaseSensitiveString const & text) const
+    {
+        return hash<string_view>()(text.toStdString());
+    }
+};
+} // namespace std
+
+/** Hashes the bytes, for Qt's containers of case-sensitive text and what derives from it. */
+template <class T, class = std::enable_if_t<std::is_base_of_v<ZyCaseSensitiveString, T>>>
+uint qHash(T const & text)
+{
+    return qHashBits(text.toStdString().data(), text.toStdString().size());
+}
