@@ -50,6 +50,7 @@ public:
 
     /** How many columns of the table the cell covers. */
     unsigned int columnSpan() const;
+    /** How many values the cell stacks. */
     unsigned int numberValues() const;
     /**
      * The only value.
@@ -105,6 +106,7 @@ public:
         Header = 1,    ///< a heading row
         SubHeader = 2, ///< a second kind of heading row
     };
+    /** Whether the first value comes before the second; must not change the table. */
     using LessThan = std::function<bool(ZyVariant const &, ZyVariant const &)>;
 
     ZyDataTable();
@@ -142,7 +144,9 @@ public:
 
     /** The largest sum of column spans of any row added since the table was made or cleared. */
     unsigned int numberColumns() const;
+    /** The number of rows. */
     unsigned int numberRows() const;
+    /** The rows, top to bottom, on loan. */
     ZyDeque<ZySharedPtr<ZyDataTableRow>> const & rows() const;
     /**
      * True for both kinds of heading rows.
@@ -170,7 +174,6 @@ public:
      * throw. Rows of equal values may change their order. Where a comparison is no strict weak order, as with
      * doubles that are equal within their tolerance, or NaN, the order is some order.
      *
-     * \param lessThan must not change the table
      * \throws ZyInvalidCallException "Column number outside of the range of columns"
      * \throws ZyInvalidCallException "Cannot sort on column that has multiple values per cell", within the range
      * \throws ZyInvalidCallException as ZyDataTableItem::value, when a cell of a range of two rows or more has no value
@@ -261,6 +264,6 @@ public:
     ZyDataTableRow & operator=(ZyDataTableRow const &) = default;
     ZyDataTableRow & operator=(ZyDataTableRow &&) = default;
 
-    ZyDeque<ZySharedPtr<ZyDataTableItem>> items; ///< left to right
-    ZyDataTable::ItemType type = ZyDataTable::Data;
+    ZyDeque<ZySharedPtr<ZyDataTableItem>> items;    ///< left to right
+    ZyDataTable::ItemType type = ZyDataTable::Data; ///< what the row is
 };

@@ -72,11 +72,14 @@ public:
 
     /** The stored text. Three names of one operation. */
     ZyString const & path() const;
+    /** The same as path(). */
     ZyString const & toString() const;
+    /** The same as path(). */
     operator ZyString const &() const;
     /** The stored text up to the first NUL, trimmed once more, as wide characters; U+FFFD for a bad byte. */
     std::wstring toWString() const;
 
+    /** Whether the path is empty. */
     bool isNull() const;
     /** Whether the text ends with a separator. */
     bool isDirectory() const;
@@ -84,6 +87,7 @@ public:
     bool isFile() const;
     /** Whether there is a root name. */
     bool isAbsolute() const;
+    /** Whether there is no root; a POSIX path has none. */
     bool isRelative() const;
 
     // The views point into this path and are valid as long as it is unchanged.

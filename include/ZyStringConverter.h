@@ -12,7 +12,9 @@ class ZyStringConverter
 public:
     virtual ~ZyStringConverter() = default;
 
+    /** The text of a value. */
     virtual ZyString convert(T const & value) const = 0;
+    /** The value of a text. */
     virtual T convert(ZyString const & text) const = 0;
 
 protected:

@@ -72,10 +72,13 @@ public:
     explicit ZyVariant(ZyVariantAccess && value) noexcept;
     virtual ~ZyVariant();
 
-    // A value of the kind held already is assigned in place, any other replaces the held one. The argument
-    // may be a part of this value.
+    /** Becomes a copy; the argument may be a part of this value. */
     ZyVariant & operator=(ZyVariant const & other);
     ZyVariant & operator=(ZyVariant && other);
+    /**
+     * From now on holds this value. One of the kind held already is assigned in place, any other replaces the
+     * held one; the argument may be a part of this value.
+     */
     void set(bool value);
     void set(int value);
     void set(unsigned int value);
@@ -90,23 +93,30 @@ public:
     void set(T *) = delete;
     template <class T, class C>
     void set(T C::*) = delete;
+    /** The same as assigning. */
     void set(ZyVariant const & other);
     /** Moves the value; \a other keeps its type. */
     void set(ZyVariant && other);
     /** Exchanges two values without moving either. */
     void swap(ZyVariant & other) noexcept;
 
+    /** What is held. */
     Type type() const { return m_type; }
-    // Each throws ZyBadVariantAccessException "Bad variant access [requested = ...] [actual = ...]" with the
-    // names of the two types unless the value is of exactly the kind asked for. References hold until the
-    // value changes.
+    /** The value held. \throws ZyBadVariantAccessException "Bad variant access [requested = Boolean] [actual = ...]" */
     bool asBoolean() const;
+    /** The value held. \throws ZyBadVariantAccessException the same with "Integer" */
     int asInteger() const;
+    /** The value held. \throws ZyBadVariantAccessException the same with "Size" */
     unsigned int asSize() const;
+    /** The value held, valid until this changes. \throws ZyBadVariantAccessException the same with "Double" */
     double const & asDouble() const;
+    /** The value held, valid until this changes. \throws ZyBadVariantAccessException the same with "String" */
     ZyString const & asString() const;
+    /** The value held, valid until this changes. \throws ZyBadVariantAccessException the same with "FilePath" */
     ZyFilePath const & asFilePath() const;
+    /** The value held, valid until this changes. \throws ZyBadVariantAccessException the same with "StringPair" */
     ZyPair<ZyString, ZyString> const & asStringPair() const;
+    /** The value held, valid until this changes. \throws ZyBadVariantAccessException the same with "FilePathPair" */
     ZyPair<ZyFilePath, ZyFilePath> const & asFilePathPair() const;
 
     /**

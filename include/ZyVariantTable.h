@@ -87,7 +87,9 @@ public:
      */
     static ZyVariantTable LoadCSV(ZyIODevice & device, bool typed);
 
+    /** The number of rows. */
     unsigned int numberRows() const;
+    /** The number of columns. */
     unsigned int numberColumns() const;
     /**
      * A cell.

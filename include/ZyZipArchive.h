@@ -52,6 +52,7 @@ struct ZyZipArchive_Internal
 class ZYCORE_EXPORT ZyZipArchive
 {
 public:
+    /** What an archive is opened for. */
     enum Mode : int { Read = 0, Write = 1 };
     /**
      * The deflate level of an entry; any other value is as DefaultLevel.
@@ -113,6 +114,7 @@ public:
      * \deliberate{unzip-faliure} Any other code while reading is "Unzip faliure": hosts compare the text.
      */
     ZyString errorMessage(int code) const;
+    /** What the archive was opened for. */
     Mode mode() const;
     /** The handles; those of a closed archive are null. */
     ZyZipArchive_Internal & internal() const;

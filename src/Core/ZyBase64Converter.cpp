@@ -78,7 +78,7 @@ std::shared_ptr<ZyByteArray> ZyBase64ConverterCore::decode(ZyString const & text
     if (groups > std::numeric_limits<int>::max() / 3) {
         throw std::bad_alloc(); // more bytes than an array can count
     }
-    std::shared_ptr<ZyByteArray> const bytes = std::make_shared<ZyByteArray>(static_cast<int>(groups * 3));
+    std::shared_ptr<ZyByteArray> bytes = std::make_shared<ZyByteArray>(static_cast<int>(groups * 3));
     ZyBase64::Decode(characters.data(), groups, reinterpret_cast<unsigned char *>(&(*bytes)[0]));
     return bytes;
 }

@@ -13,7 +13,7 @@
 
 namespace
 {
-constexpr std::size_t bufferSize = 64 * 1024;
+constexpr std::size_t bufferSize = std::size_t(64) * 1024;
 
 // The stream's flags for a mode; `none` lets every open fail.
 std::ios_base::openmode streamFlags(ZyIODevice::Mode mode, ZyFilePath const & path)

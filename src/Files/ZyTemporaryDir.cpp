@@ -31,7 +31,7 @@ ZyFilePath createdDirectory()
     ZyFilePath const base = ZyFileSystem::TempDirectory();
     for (int i = 0; i < attempts; ++i) {
         ZyString const name = "zy_" + ZyString::Random(randomCharacters, ZyString::LettersAndDigits) + "/";
-        ZyFilePath const path = base.appended(name);
+        ZyFilePath path = base.appended(name);
         if (created(path)) {
             return path;
         }
