@@ -6,39 +6,20 @@
 #include "Cell.h"
 #include "ConvertError.h"
 
-#include <ZyDataTable.h>
 #include <ZyDeque.h>
 
+#include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace
 {
 
-using Items = ZyDeque<ZySharedPtr<ZyDataTableItem>>;
-
-ZySharedPtr<ZyDataTableItem> sharedItem(ZyDataTableItem && item)
-{
-    return ZySharedPtr<ZyDataTableItem>(new ZyDataTableItem(std::move(item)));
-}
-
-ZyDataTable dataTable(ZyVariantTable const & table, unsigned int headingRows)
-{
-    ZyDataTable result;
-    for (unsigned int row = 0; row < table.numberRows(); ++row) {
-        Items items;
-        for (unsigned int column = 0; column < table.numberColumns(); ++column) {
-            items.add(sharedItem(ZyDataTableItem(table.at(row, column))));
-        }
-        result.addRow(std::move(items), row < headingRows ? ZyDataTable::Header : ZyDataTable::Data);
-    }
-    return result;
-}
-
 /** Finds columns by what users call them. */
 class Columns
 {
 public:
-    Columns(ZyDataTable const & table, Options const & options) : m_table(table), m_options(options) {}
+    Columns(ZyVariantTable const & table, Options const & options) : m_table(table), m_options(options) {}
 
     /** A number from 1, or else the text of the last heading row. */
     unsigned int find(QString const & name) const
@@ -50,84 +31,86 @@ public:
         }
         for (unsigned int column = 0; m_options.headingRows > 0 && column < m_table.numberColumns();
              ++column) {
-            if (heading(column) == ZyString(name)) {
+            if (exactText(m_table.at(m_options.headingRows - 1, column)) == ZyString(name)) {
                 return column;
             }
         }
         throw ConvertError::Line(
-            m_options.input, m_options.headingRows == 0 ? 1 : m_options.headingRows,
+            m_options.input, std::max(m_options.headingRows, 1U),
             QStringLiteral("there is no column \"%1\"; there are %2").arg(name, choices()));
     }
 
 private:
-    ZyString heading(unsigned int column) const
-    {
-        return exactText(m_table.value(m_options.headingRows - 1, column));
-    }
-
     QString choices() const
     {
-        QString result = QStringLiteral("the numbers 1 to %1").arg(m_table.numberColumns());
-        return m_options.headingRows == 0 ? result + QStringLiteral(" and, without --header, no headings")
-                                          : result + QStringLiteral(" and the headings of this line");
+        QString const numbers = QStringLiteral("the numbers 1 to %1").arg(m_table.numberColumns());
+        return m_options.headingRows == 0 ? numbers + QStringLiteral(" and, without --header, no headings")
+                                          : numbers + QStringLiteral(" and the headings of this line");
     }
 
-    ZyDataTable const & m_table;
+    ZyVariantTable const & m_table;
     Options const & m_options;
 };
 
-// The values of one column in the rows from first up to, not including, last.
-ZyDataTableItem stacked(ZyDataTable const & table, unsigned int column, unsigned int first, unsigned int last)
+} // namespace
+
+ShapedTable::ShapedTable(ZyVariantTable const & table, Options const & options)
+    : m_table(table), m_headings(options.headingRows), m_order(table.numberRows())
 {
-    ZyDeque<ZyVariant> values;
-    for (unsigned int row = first; row < last; ++row) {
-        values.add(table.value(row, column));
+    if (m_headings > table.numberRows()) {
+        throw ConvertError::Line(
+            options.input, table.numberRows(),
+            QStringLiteral("the text ends with this line, but %1 heading rows were asked for")
+                .arg(m_headings));
     }
-    return ZyDataTableItem(std::move(values));
+    std::iota(m_order.begin(), m_order.end(), 0U);
+    Columns const columns(table, options);
+    if (options.groupBy) {
+        m_groupColumn = columns.find(*options.groupBy);
+    }
+    if (options.sortBy) {
+        sort(columns.find(*options.sortBy));
+    }
 }
 
-void addGroup(ZyDataTable & result, ZyDataTable const & table, unsigned int key, unsigned int first,
-              unsigned int last)
+void ShapedTable::sort(unsigned int column)
 {
-    Items items;
-    for (unsigned int column = 0; column < table.numberColumns(); ++column) {
-        items.add(sharedItem(column == key ? ZyDataTableItem(table.value(first, column))
-                                           : stacked(table, column, first, last)));
-    }
-    result.addRow(std::move(items), table.rows().at(first)->type);
+    std::stable_sort(m_order.begin() + m_headings, m_order.end(),
+                     [this, column](unsigned int a, unsigned int b) {
+                         return isLess(m_table.at(a, column), m_table.at(b, column));
+                     });
 }
 
-ZyDataTable grouped(ZyDataTable const & table, unsigned int key)
+unsigned int ShapedTable::groupEnd(unsigned int first) const
 {
-    ZyDataTable result;
-    for (unsigned int first = 0, last = 0; first < table.numberRows(); first = last) {
-        last = first + 1;
-        while (!table.isHeader(first) && last < table.numberRows() &&
-               isSame(table.value(first, key), table.value(last, key))) {
-            ++last;
+    unsigned int last = first + 1;
+    while (m_groupColumn && first >= m_headings && last < numberRows() &&
+           isSame(value(first, *m_groupColumn), value(last, *m_groupColumn))) {
+        ++last;
+    }
+    return last;
+}
+
+ZyDataTable ShapedTable::group(unsigned int first, unsigned int last) const
+{
+    ZyDeque<ZySharedPtr<ZyDataTableItem>> items;
+    for (unsigned int column = 0; column < numberColumns(); ++column) {
+        ZyDeque<ZyVariant> values;
+        unsigned int const end = m_groupColumn == column ? first + 1 : last;
+        for (unsigned int row = first; row < end; ++row) {
+            values.add(value(row, column));
         }
-        addGroup(result, table, key, first, last);
+        items.add(ZySharedPtr<ZyDataTableItem>(new ZyDataTableItem(std::move(values))));
     }
+    ZyDataTable result;
+    result.addRow(std::move(items), first < m_headings ? ZyDataTable::Header : ZyDataTable::Data);
     return result;
 }
 
-} // namespace
-
-ZyDataTable shapeTable(ZyVariantTable const & table, Options const & options)
+void ShapedTable::forEachGroup(std::function<void(ZyDataTable const &, unsigned int)> const & visit) const
 {
-    unsigned int const headings = options.headingRows;
-    if (headings > table.numberRows()) {
-        throw ConvertError::Line(
-            options.input, table.numberRows(),
-            QStringLiteral("the text ends with this line, but %1 heading rows were asked for").arg(headings));
+    for (unsigned int first = 0, last = 0; first < numberRows(); first = last) {
+        last = groupEnd(first);
+        visit(group(first, last), first);
     }
-    ZyDataTable result = dataTable(table, headings);
-    Columns const columns(result, options);
-    // Both are looked up before anything moves.
-    unsigned int const sortColumn = options.sortBy ? columns.find(*options.sortBy) : 0;
-    unsigned int const groupColumn = options.groupBy ? columns.find(*options.groupBy) : 0;
-    if (options.sortBy) {
-        result.sort(sortColumn, headings, result.numberRows() - headings, isLess);
-    }
-    return options.groupBy ? grouped(result, groupColumn) : std::move(result);
 }

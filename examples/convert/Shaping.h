@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// From the table as it was read to the table as it is to be written.
+// From the table as it was read to the rows as they are to be written.
 #pragma once
 
 #include "Options.h"
@@ -7,12 +7,50 @@
 #include <ZyDataTable.h>
 #include <ZyVariantTable.h>
 
+#include <functional>
+#include <optional>
+#include <vector>
+
 /**
- * Marks the heading rows, then sorts, then groups, as the options ask.
+ * The rows of a table in the order and the groups that the options ask for: headings first, as they are, then
+ * the rest, sorted and after that grouped.
  *
- * In a group the grouping column has one value in a tall cell, and each other cell the values of all its
- * rows.
- *
- * \throws ConvertError there are fewer rows than heading rows, or a column that is not there
+ * The library's rich table, which knows tall cells, is made for one group at a time: a cell of it takes many
+ * times the memory of one in the plain table.
  */
-ZyDataTable shapeTable(ZyVariantTable const & table, Options const & options);
+class ShapedTable
+{
+public:
+    /**
+     * \param table outlives this object
+     * \throws ConvertError there are fewer rows than heading rows, or a column that is not there
+     */
+    ShapedTable(ZyVariantTable const & table, Options const & options);
+
+    unsigned int numberRows() const { return m_table.numberRows(); }
+    unsigned int numberColumns() const { return m_table.numberColumns(); }
+    /** A cell by its row in the new order. */
+    ZyVariant const & value(unsigned int row, unsigned int column) const
+    {
+        return m_table.at(m_order[row], column);
+    }
+    /**
+     * Calls \a visit for each group from top to bottom, with a table of one row and the sheet's row where it
+     * begins.
+     *
+     * In a group the grouping column has one value in a tall cell, and each other cell the values of all its
+     * rows. A row that belongs to no group is a group of its own.
+     */
+    void
+    forEachGroup(std::function<void(ZyDataTable const & group, unsigned int firstRow)> const & visit) const;
+
+private:
+    void sort(unsigned int column);
+    unsigned int groupEnd(unsigned int first) const;
+    ZyDataTable group(unsigned int first, unsigned int last) const;
+
+    ZyVariantTable const & m_table;
+    unsigned int m_headings;
+    std::optional<unsigned int> m_groupColumn;
+    std::vector<unsigned int> m_order; ///< rows of the table from top to bottom
+};

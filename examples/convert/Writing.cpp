@@ -109,21 +109,24 @@ private:
 };
 
 template <class Rows>
-void fillSheet(Rows && rows, ZyDataTable const & table, ProgressBar & progress)
+void fillSheet(Rows && rows, ShapedTable const & table, ProgressBar & progress)
 {
     RowCounter counter(progress);
-    table.forEachItemSpreadsheet([&](ZyVariant const & value, unsigned int row, unsigned int column,
-                                     unsigned int columnSpan, unsigned int rowSpan, ZyDataTable::ItemType) {
-        if (counter.enter(row)) {
-            rows.start();
-        }
-        rows.add(value, column, columnSpan, rowSpan);
+    table.forEachGroup([&](ZyDataTable const & group, unsigned int firstRow) {
+        group.forEachItemSpreadsheet([&](ZyVariant const & value, unsigned int row, unsigned int column,
+                                         unsigned int columnSpan, unsigned int rowSpan,
+                                         ZyDataTable::ItemType) {
+            if (counter.enter(firstRow + row)) {
+                rows.start();
+            }
+            rows.add(value, column, columnSpan, rowSpan);
+        });
     });
 }
 
 // The destructor of a package closes it as well, and a failure there would end the process: after a failure
 // it is closed here once more, with nobody left to be told.
-void fillPackage(ZyOOXMLWriter & package, ZyDataTable const & table, Options const & options,
+void fillPackage(ZyOOXMLWriter & package, ShapedTable const & table, Options const & options,
                  ProgressBar & progress)
 {
     try {
@@ -181,7 +184,7 @@ void checkPackage(PendingFile const & file)
     }
 }
 
-void writeWorkbook(PendingFile const & file, ZyDataTable const & table, Options const & options,
+void writeWorkbook(PendingFile const & file, ShapedTable const & table, Options const & options,
                    ProgressBar & progress)
 {
     {
@@ -191,7 +194,7 @@ void writeWorkbook(PendingFile const & file, ZyDataTable const & table, Options 
     checkPackage(file);
 }
 
-void writeXmlSheet(PendingFile const & file, ZyDataTable const & table, ProgressBar & progress)
+void writeXmlSheet(PendingFile const & file, ShapedTable const & table, ProgressBar & progress)
 {
     CountedFile device(file.path());
     {
@@ -215,49 +218,26 @@ ZyString csvText(ZyVariant const & value)
                                 : text;
 }
 
-/** Writes the rows of text for one row of the table: a tall cell stands in each of them. */
-class CsvRows
-{
-public:
-    explicit CsvRows(ZyCSVWriter & writer) : m_writer(writer) {}
-
-    void add(ZyDataTable const & table, unsigned int row)
-    {
-        std::vector<ZyDeque<ZyVariant>> columns;
-        unsigned int height = 1;
-        table.forEachItem(row, [&](ZyDataTableItem const & item, unsigned int, unsigned int) {
-            columns.push_back(item.values());
-            height = std::max(height, item.numberValues());
-        });
-        for (unsigned int line = 0; line < height; ++line) {
-            for (ZyDeque<ZyVariant> const & values : columns) {
-                ZyString const text = csvText(values.at(values.size() == 1 ? 0 : line));
-                // A line of one empty field would be a blank line, which readers skip.
-                m_writer.addValue(columns.size() == 1 && text.isEmpty() ? ZyString("\"\"") : text);
-            }
-            m_writer.endLine();
-        }
-    }
-
-private:
-    ZyCSVWriter & m_writer;
-};
-
-void writeCsv(PendingFile const & file, ZyDataTable const & table, ProgressBar & progress)
+// There are no tall cells in text: each row has all of its values.
+void writeCsv(PendingFile const & file, ShapedTable const & table, ProgressBar & progress)
 {
     CountedFile device(file.path());
     ZyCSVWriter writer(device);
-    CsvRows rows(writer);
     RowCounter counter(progress);
     for (unsigned int row = 0; row < table.numberRows(); ++row) {
         counter.enter(row);
-        rows.add(table, row);
+        for (unsigned int column = 0; column < table.numberColumns(); ++column) {
+            ZyString const text = csvText(table.value(row, column));
+            // A line of one empty field would be a blank line, which readers skip.
+            writer.addValue(table.numberColumns() == 1 && text.isEmpty() ? ZyString("\"\"") : text);
+        }
+        writer.endLine();
     }
     device.close();
     file.checkSize(device.written());
 }
 
-void write(PendingFile const & file, ZyDataTable const & table, Options const & options,
+void write(PendingFile const & file, ShapedTable const & table, Options const & options,
            ProgressBar & progress)
 {
     switch (outputKind(file.target())) {
@@ -274,7 +254,7 @@ void write(PendingFile const & file, ZyDataTable const & table, Options const & 
 }
 
 // Says which output it was that failed.
-void writeNamed(PendingFile const & file, ZyDataTable const & table, Options const & options,
+void writeNamed(PendingFile const & file, ShapedTable const & table, Options const & options,
                 ProgressBar & progress)
 {
     try {
@@ -291,7 +271,7 @@ void writeNamed(PendingFile const & file, ZyDataTable const & table, Options con
 
 } // namespace
 
-void writeOutputs(ZyDataTable const & table, Options const & options, ProgressBar & progress)
+void writeOutputs(ShapedTable const & table, Options const & options, ProgressBar & progress)
 {
     Interruption const interruption;
     std::vector<std::unique_ptr<PendingFile>> files;
@@ -299,9 +279,7 @@ void writeOutputs(ZyDataTable const & table, Options const & options, ProgressBa
         files.push_back(std::make_unique<PendingFile>(output));
     }
     for (auto const & file : files) {
-        progress.begin(file->target(), outputKind(file->target()) == OutputKind::Csv
-                                           ? table.numberRows()
-                                           : table.numberSpreadsheetRows());
+        progress.begin(file->target(), table.numberRows());
         writeNamed(*file, table, options, progress);
     }
     for (auto const & file : files) {

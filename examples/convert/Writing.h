@@ -3,8 +3,7 @@
 #pragma once
 
 #include "Options.h"
-
-#include <ZyDataTable.h>
+#include "Shaping.h"
 
 class ProgressBar;
 
@@ -14,4 +13,4 @@ class ProgressBar;
  * \throws ConvertError an output cannot be written; what the user had before is as it was
  * \throws ZyUserCancelledException the user interrupted the program; the same
  */
-void writeOutputs(ZyDataTable const & table, Options const & options, ProgressBar & progress);
+void writeOutputs(ShapedTable const & table, Options const & options, ProgressBar & progress);

@@ -31,7 +31,7 @@ void convert(Options const & options)
     TextFacts const facts = checkText(options.input);
     checkSize(options.input, facts, writesSheet(options));
     ZyVariantTable const table = readTable(options.input, facts, options.typed);
-    writeOutputs(shapeTable(table, options), options, progress);
+    writeOutputs(ShapedTable(table, options), options, progress);
 
     progress.wipe();
     if (!options.quiet) {

@@ -341,6 +341,18 @@ class Workbook(Converting):
         self.assertEqual([str(merge) for merge in sheet.merged_cells.ranges], ['C1:C2'])
         self.assertEqual(list(sheet.values), [(1, 'a', 'x'), (2, 'a', None), (3, 'a', 'y')])
 
+    def test_sorting_gathers_groups(self):
+        self.write('in.csv', 'k,v\nb,1\na,2\nb,3\n1,4\n1.0,5\n')
+        self.convert('--quiet', '--header', '1', '--sort', 'k', '--group', 'k', 'in.csv', 'out.xlsx')
+        sheet = self.workbook('out.xlsx').active
+        self.assertEqual(sorted(str(merge) for merge in sheet.merged_cells.ranges), ['A2:A3', 'A5:A6'])
+        self.assertEqual(list(sheet.values), [('k', 'v'), (1, 4), (None, 5), ('a', 2), ('b', 1), (None, 3)])
+
+    def test_headings_are_no_group(self):
+        self.write('in.csv', 'a,1\na,2\na,3\n')
+        self.convert('--quiet', '--header', '1', '--group', '1', 'in.csv', 'out.xlsx')
+        self.assertEqual([str(merge) for merge in self.workbook('out.xlsx').active.merged_cells.ranges], ['A2:A3'])
+
     def test_sheet_name_in_any_language(self):
         self.write('in.csv', '1\n')
         self.convert('--quiet', '--sheet', "Größe & d'or 尺", 'in.csv', 'out.xlsx')
