@@ -38,10 +38,14 @@ char const * readPlain(std::string_view text, double & number)
     return result.ec == std::errc() && !hexadecimal ? result.ptr : nullptr;
 }
 
-bool mayBeginNumber(char c)
+/** Whether strtod is worth asking: most words are not, "node" neither, but "inf" and "nan" are. */
+bool mayBeginNumber(std::string_view text)
 {
-    return isDigit(c) || isBlank(c) || c == '-' || c == '+' || c == '.' || c == 'i' || c == 'I' || c == 'n' ||
-           c == 'N';
+    char const c = text.empty() ? '\0' : text.front();
+    char const next = text.size() < 2 ? '\0' : text[1];
+    bool const mayBeInfinity = (c == 'i' || c == 'I') && (next == 'n' || next == 'N');
+    bool const mayBeNan = (c == 'n' || c == 'N') && (next == 'a' || next == 'A');
+    return isDigit(c) || isBlank(c) || c == '-' || c == '+' || c == '.' || mayBeInfinity || mayBeNan;
 }
 
 /** strtod on a terminated copy. \param used gets the number of characters read */
@@ -101,7 +105,7 @@ double ZyNumberText::toDouble(std::string_view text)
         return number;
     }
     std::size_t used = 0;
-    return text.empty() || !mayBeginNumber(text.front()) ? 0 : readAny(text, used);
+    return mayBeginNumber(text) ? readAny(text, used) : 0;
 }
 
 bool ZyNumberText::isInteger(std::string_view text, int & number)
@@ -119,7 +123,7 @@ bool ZyNumberText::isInteger(std::string_view text, int & number)
 
 bool ZyNumberText::isDouble(std::string_view text, double & number)
 {
-    if (text.empty() || !mayBeginNumber(text.front())) {
+    if (!mayBeginNumber(text)) {
         return false;
     }
     char const * const stop = readPlain(text, number);
