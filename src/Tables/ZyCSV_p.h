@@ -54,13 +54,26 @@ inline std::string_view unquoted(std::string_view field)
     return isQuoted ? field.substr(1, field.size() - 2) : field;
 }
 
-/**
- * Calls use(field) for each field of a line, from left to right.
- * \throws ZyIndexOutOfBoundsException "Index out of bounds [n,n]" with n the size of the line: the last field is empty or
- *         all white space. The fields before it have been used then.
- */
+/** How many commas there are. The inner loop has a fixed length, so that it becomes vector code. */
+inline std::size_t countCommas(std::string_view line)
+{
+    constexpr std::size_t block = 32;
+    std::size_t count = 0;
+    std::size_t at = 0;
+    for (; at + block <= line.size(); at += block) {
+        unsigned char here = 0;
+        for (std::size_t i = 0; i < block; ++i) {
+            here = static_cast<unsigned char>(here + (line[at + i] == ',' ? 1 : 0));
+        }
+        count += here;
+    }
+    return count + static_cast<std::size_t>(std::count(line.data() + at, line.data() + line.size(), ','));
+}
+
+/** Calls use(start, end) for each field but the last, commas inside quotes left alone. \return where the last
+ * field starts */
 template <class F>
-void forEachField(std::string_view line, WhiteSpace const & white, F && use)
+std::size_t forEachSeparated(std::string_view line, F && use)
 {
     std::size_t start = 0;
     bool isQuoted = false;
@@ -68,16 +81,51 @@ void forEachField(std::string_view line, WhiteSpace const & white, F && use)
         if (line[at] == '"') {
             isQuoted = !isQuoted;
         } else if (line[at] == ',' && !isQuoted) {
-            use(unquoted(white.trimmed(line.substr(start, at - start))));
+            use(start, at);
             start = at + 1;
         }
     }
-    std::string_view const last = white.trimmed(line.substr(start));
-    if (last.empty()) {
+    return start;
+}
+
+/**
+ * The last field of a line, trimmed.
+ * \throws ZyIndexOutOfBoundsException "Index out of bounds [n,n]" with n the size of the line: the field is empty or all
+ *         white space
+ */
+inline std::string_view lastField(std::string_view line, std::size_t start, WhiteSpace const & white)
+{
+    std::string_view const field = white.trimmed(line.substr(start));
+    if (field.empty()) {
         auto const size = static_cast<unsigned int>(line.size());
         ZyThrow::IndexOutOfBounds(size, size);
     }
-    use(unquoted(last));
+    return field;
+}
+
+/** Calls use(field) for each field of a line, from left to right. \throws as lastField, when it has used the others */
+template <class F>
+void forEachField(std::string_view line, WhiteSpace const & white, F && use)
+{
+    std::size_t const start = forEachSeparated(line, [&](std::size_t from, std::size_t to) {
+        use(unquoted(white.trimmed(line.substr(from, to - from))));
+    });
+    use(unquoted(lastField(line, start, white)));
+}
+
+/** How many fields forEachField would give. \throws as lastField */
+inline std::size_t countFields(std::string_view line, WhiteSpace const & white)
+{
+    std::size_t count = 0;
+    std::size_t start = 0;
+    if (line.find('"') == std::string_view::npos) {
+        count = countCommas(line);
+        start = line.rfind(',') + 1; // none: npos + 1 is 0
+    } else {
+        start = forEachSeparated(line, [&](std::size_t, std::size_t) { ++count; });
+    }
+    static_cast<void>(lastField(line, start, white));
+    return count + 1;
 }
 
 /** Calls use(token) for each piece between two commas: quotes mean nothing, nothing is trimmed, empty ones

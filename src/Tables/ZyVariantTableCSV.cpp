@@ -55,7 +55,9 @@ public:
     }
 
 private:
-    static constexpr std::size_t blockSize = 1 << 20;
+    /** Small enough for the memory of a block that goes to become that of cells. */
+    static constexpr std::size_t blockSize = 1 << 15;
+
     struct Block
     {
         std::string text;
@@ -157,8 +159,7 @@ ZyVariantTable::ZyVariantTable(ZyString const & path, bool typed) : m_d(new Priv
     LineStore lines;
     std::size_t columns = 0;
     for (std::string line; std::getline(file, line);) {
-        auto const commas = static_cast<std::size_t>(std::count(line.begin(), line.end(), ','));
-        columns = std::max(columns, commas + 1);
+        columns = std::max(columns, ZyCSV::countCommas(line) + 1);
         lines.add(line);
     }
     if (file.bad()) {
@@ -183,9 +184,7 @@ ZyVariantTable ZyVariantTable::LoadCSV(ZyIODevice & device, bool typed)
     std::size_t columns = 0;
     while (!device.atEnd()) {
         ZyString const line = device.readLine(0);
-        std::size_t fields = 0;
-        ZyCSV::forEachField(ZyTextAccess::view(line), white, [&](std::string_view) { ++fields; });
-        columns = std::max(columns, fields);
+        columns = std::max(columns, ZyCSV::countFields(ZyTextAccess::view(line), white));
         lines.add(ZyTextAccess::view(line));
     }
     ZyVariantTable table;
