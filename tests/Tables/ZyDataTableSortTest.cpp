@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Sorting the rows of a data table.
+#include <ZyFilePath.h>
+#include <ZyPair.h>
+
 #include "DataTables.h"
+#include "TestDevices.h"
 #include "ThrowsMessage.h"
 
 #include <gtest/gtest.h>
@@ -233,6 +237,89 @@ TEST(ZyDataTableSort, KeepsEveryRowWithNumbersThatAreNone)
     std::sort(before.begin(), before.end());
     std::sort(after.begin(), after.end());
     EXPECT_EQ(after, before);
+}
+
+TEST(ZyDataTableSort, OrdersEveryPairAsVariantsCompare)
+{
+    double const infinity = std::numeric_limits<double>::infinity();
+    std::vector<ZyVariant> const values{
+        ZyVariant(),
+        false,
+        true,
+        ZyFilePath("B/c"),
+        ZyFilePath("a/b"),
+        ZyPair<ZyFilePath, ZyFilePath>{ZyFilePath("b"), ZyFilePath("a")},
+        ZyPair<ZyFilePath, ZyFilePath>{ZyFilePath("a"), ZyFilePath("b")},
+        -2147483647 - 1,
+        -1,
+        0,
+        1,
+        2147483647,
+        -infinity,
+        -1.5,
+        -0.0,
+        0.0,
+        1e-310,
+        0.1 + 0.2,
+        0.3,
+        1e300,
+        infinity,
+        std::numeric_limits<double>::quiet_NaN(),
+        0u,
+        1u,
+        2147483648u,
+        4294967295u,
+        "",
+        ZyString(std::string(1, '\0')),
+        ZyString(std::string("a\0", 2)),
+        "a",
+        "A",
+        "a\x80",
+        "a\x80\x80",
+        "a\x80z",
+        "a\xFF",
+        "\x80",
+        "\xC3\xA4",
+        "z",
+        "abcdefgh",
+        "ABCDEFGH",
+        "abcdefgha",
+        "abcdefghB",
+        "abcdefg",
+        "abcdefg\x80",
+        "[",
+        "_",
+        ZyPair<ZyString, ZyString>{"b", "a"},
+        ZyPair<ZyString, ZyString>{"a", "b"},
+    };
+    for (ZyVariant const & a : values) {
+        for (ZyVariant const & b : values) {
+            ZyDataTable byRule = columnTable({a, b});
+            ZyDataTable byPredicate(byRule);
+            byRule.sort(0);
+            byPredicate.sort(0, [](ZyVariant const & x, ZyVariant const & y) { return x.compare(y) < 0; });
+            ASSERT_EQ(rowsOf(byRule), rowsOf(byPredicate))
+                << a.toString().toStdString() << " and " << b.toString().toStdString();
+        }
+    }
+}
+
+TEST(ZyDataTableSort, FoldsTextsAsTheGlobalLocaleDoes)
+{
+    class HashIsA : public std::ctype<char>
+    {
+    protected:
+        char do_tolower(char c) const override { return c == '#' ? 'a' : std::ctype<char>::do_tolower(c); }
+    };
+    ZyDataTable table = columnTable({"ab", "#a", "aa"});
+    table.sort(0);
+    EXPECT_EQ(columnOf(table, 0), "#a aa ab ");
+    GlobalLocale const guard(std::locale(std::locale::classic(), new HashIsA));
+    table.sort(0, 1, 2);
+    EXPECT_EQ(columnOf(table, 0), "#a aa ab ");
+    ZyDataTable another = columnTable({"ac", "#b", "aa", "#d"});
+    another.sort(0);
+    EXPECT_EQ(columnOf(another, 0), "aa #b ac #d ");
 }
 
 TEST(ZyDataTableSort, SortsManyRows)
