@@ -4,9 +4,9 @@
 #include <ZyOOXMLWriterSpreadsheet.h>
 
 #include "Core/ZyNumberText_p.h"
+#include "Office/ZyCellText_p.h"
 #include "Office/ZyOOXMLNames_p.h"
 #include "XML/ZyXMLStreamWriter_p.h"
-#include "XML/ZyXMLText_p.h"
 
 #include <ZyException.h>
 #include <ZyUniquePtr.h>
@@ -48,20 +48,6 @@ void appendReference(std::string & markup, unsigned int row, unsigned int column
     markup.append(text.data(), writeReference(text.data(), row, column));
 }
 
-template <class Number>
-void appendNumber(std::string & markup, Number number)
-{
-    std::array<char, ZyNumberText::room> text;
-    markup.append(text.data(), ZyNumberText::write(text.data(), number));
-}
-
-void appendText(std::string & markup, ZyString const & text)
-{
-    markup += " t=\"inlineStr\"><is><t>";
-    ZyXMLText::appendEscaped(markup, text.toStdString());
-    markup += "</t></is></c>";
-}
-
 /** The rest of a `c` element behind its reference. */
 void appendValue(std::string & markup, ZyVariant const & value)
 {
@@ -73,20 +59,15 @@ void appendValue(std::string & markup, ZyVariant const & value)
         markup += value.asBoolean() ? " t=\"b\"><v>1</v></c>" : " t=\"b\"><v>0</v></c>";
         break;
     case ZyVariant::Integer:
-        markup += "><v>";
-        appendNumber(markup, value.asInteger());
-        markup += "</v></c>";
-        break;
     case ZyVariant::Double:
         markup += "><v>";
-        appendNumber(markup, value.asDouble());
+        ZyCellText::append(markup, value);
         markup += "</v></c>";
         break;
-    case ZyVariant::String:
-        appendText(markup, value.asString());
-        break;
     default:
-        appendText(markup, value.toString());
+        markup += " t=\"inlineStr\"><is><t>";
+        ZyCellText::append(markup, value);
+        markup += "</t></is></c>";
         break;
     }
 }
@@ -127,7 +108,7 @@ public:
 void ZyOOXMLWriterSpreadsheet::Private::merge(unsigned int columnSpan, unsigned int rowSpan)
 {
     constexpr unsigned int limit = std::numeric_limits<unsigned int>::max();
-    std::size_t const endColumn = std::size_t(column) + columnSpan;
+    std::size_t const endColumn = static_cast<std::size_t>(column) + columnSpan;
     unsigned int const lastRow = rowSpan - 1 > limit - row ? limit : row + rowSpan - 1;
     if (lastCovered.size() < endColumn) {
         lastCovered.resize(endColumn);
@@ -253,7 +234,7 @@ void ZyOOXMLWriterSpreadsheet::writeMerges()
 {
     std::string & markup = ZyXMLMarkup::Begin(writer());
     markup += "<mergeCells count=\"";
-    appendNumber(markup, static_cast<long long>(d()->merges.size()));
+    ZyCellText::appendNumber(markup, static_cast<long long>(d()->merges.size()));
     markup += "\">";
     for (Merge const & merge : d()->merges) {
         markup += "<mergeCell ref=\"";

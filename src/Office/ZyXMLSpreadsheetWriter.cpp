@@ -3,9 +3,8 @@
 // its fast road.
 #include <ZyXMLSpreadsheetWriter.h>
 
-#include "Core/ZyNumberText_p.h"
+#include "Office/ZyCellText_p.h"
 #include "XML/ZyXMLStreamWriter_p.h"
-#include "XML/ZyXMLText_p.h"
 
 #include <ZyException.h>
 #include <ZyIODevice.h>
@@ -14,7 +13,7 @@
 #include <ZyXMLStreamElementWriter.h>
 #include <ZyXMLStreamWriter.h>
 
-#include <array>
+#include <string>
 #include <utility>
 
 namespace
@@ -23,18 +22,11 @@ constexpr char const * spreadsheet = "urn:schemas-microsoft-com:office:spreadshe
 
 using Element = ZyUniquePtr<ZyXMLStreamElementWriter>;
 
-template <class Number>
-void appendNumber(std::string & markup, Number number)
-{
-    std::array<char, ZyNumberText::room> text;
-    markup.append(text.data(), ZyNumberText::write(text.data(), number));
-}
-
 void appendSpan(std::string & markup, char const * attribute, unsigned int span)
 {
     if (span > 1) {
         markup += attribute;
-        appendNumber(markup, span - 1);
+        ZyCellText::appendNumber(markup, span - 1);
         markup += '"';
     }
 }
@@ -43,15 +35,7 @@ void appendData(std::string & markup, ZyVariant const & value)
 {
     bool const isNumber = value.type() == ZyVariant::Integer || value.type() == ZyVariant::Double;
     markup += isNumber ? "<Data ss:Type=\"Number\">" : "<Data ss:Type=\"String\">";
-    if (value.type() == ZyVariant::Integer) {
-        appendNumber(markup, value.asInteger());
-    } else if (isNumber) {
-        appendNumber(markup, value.asDouble());
-    } else if (value.type() == ZyVariant::String) {
-        ZyXMLText::appendEscaped(markup, value.asString().toStdString());
-    } else {
-        ZyXMLText::appendEscaped(markup, value.toString().toStdString());
-    }
+    ZyCellText::append(markup, value);
     markup += "</Data>";
 }
 

@@ -13,7 +13,7 @@
 #include <algorithm>
 #include <utility>
 
-ZyXMLStreamWriter::Private::Private(ZyIODevice & target, ZySharedPtr<ZyIODevice> shared,
+ZyXMLStreamWriter::Private::Private(ZyIODevice & target, ZySharedPtr<ZyIODevice> && shared,
                                     AutoFormattingSettings const & formatting)
     : bridge(std::make_shared<MyIODevice>(target)), device(&target), owner(std::move(shared))
 {
@@ -103,8 +103,9 @@ QString ZyXMLStreamWriter::Private::name(ZyString const & text)
     if (bytes.empty() || bytes.size() > longest) {
         return text.toQString();
     }
-    std::size_t const mark = bytes.size() * 7 + static_cast<unsigned char>(bytes.front()) * 3u +
-                             static_cast<unsigned char>(bytes.back());
+    std::size_t const front = static_cast<unsigned char>(bytes.front());
+    std::size_t const back = static_cast<unsigned char>(bytes.back());
+    std::size_t const mark = bytes.size() * 7 + front * 3 + back;
     Name & kept = m_names[mark % m_names.size()];
     if (kept.bytes != bytes) {
         kept.text = text.toQString();
@@ -119,7 +120,7 @@ ZyXMLStreamWriter::ZyXMLStreamWriter(ZyIODevice & device, AutoFormattingSettings
 
 ZyXMLStreamWriter::ZyXMLStreamWriter(ZySharedPtr<ZyIODevice> device,
                                      AutoFormattingSettings const & formatting)
-    : m_d(new Private(*device, device, formatting))
+    : m_d(new Private(*device, std::move(device), formatting))
 {}
 
 ZyXMLStreamWriter::ZyXMLStreamWriter(ZyFilePath const & path, AutoFormattingSettings const & formatting)

@@ -33,7 +33,8 @@ public:
         Finished = 5
     };
 
-    Private(ZyIODevice & target, ZySharedPtr<ZyIODevice> shared, AutoFormattingSettings const & formatting);
+    Private(ZyIODevice & target, ZySharedPtr<ZyIODevice> && shared,
+            AutoFormattingSettings const & formatting);
     ~Private() override;
 
     /** Calls Qt's writer, and throws when the device has failed. */

@@ -122,12 +122,12 @@ TEST(ZyOOXMLWriterDocument, IsNotAliveAfterItWasMoved)
     ZyXMLStreamWriter * const writer = &document.writer();
     TestDocument moved(std::move(document));
     EXPECT_EQ(&moved.writer(), writer);
-    EXPECT_FALSE(document.isAlive());
+    EXPECT_FALSE(document.isAlive()); // NOLINT(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
     document = moved;
     EXPECT_EQ(&document.writer(), writer);
     document = std::move(moved);
     EXPECT_EQ(&document.writer(), writer);
-    EXPECT_FALSE(moved.isAlive());
+    EXPECT_FALSE(moved.isAlive()); // NOLINT(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
 }
 
 TEST(ZyOOXMLWriterDocument, IsDestroyedWithoutClosing)
