@@ -51,9 +51,9 @@ public:
     /**
      * As close(), and completes the file.
      *
-     * \deliberate{package-destructor-ends-process} A failure here ends the process, such as a writer without a sheet. Who
-     * may end up without one calls close() first and catches. A failure of the sheet's device that a caller
-     * has already been told does not count.
+     * \deliberate{package-destructor-ends-process} A failure here ends the process, such as a writer without a
+     * sheet. Who may end up without one calls close() first and catches. When a sheet could not be written
+     * and a caller has been told so, the file is left incomplete instead.
      */
     virtual ~ZyOOXMLWriter();
 

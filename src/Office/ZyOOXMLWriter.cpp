@@ -40,6 +40,7 @@ public:
     ZyZipArchive archive;
     FileType fileType;
     bool closed = false;
+    bool addingFailed = false;                            ///< the last sheet has no place in the archive
     ZySharedPtr<ZyOOXMLWriterSpreadsheet> activeDocument; ///< the sheet under way, or null
     ZyDeque<Document> documents;                          ///< in order of adding
 };
@@ -156,7 +157,8 @@ ZyOOXMLWriter::ZyOOXMLWriter(ZyFilePath const & path, FileType type, ZyZipArchiv
 ZyOOXMLWriter::~ZyOOXMLWriter()
 {
     ZySharedPtr<ZyOOXMLWriterSpreadsheet> const & sheet = d()->activeDocument;
-    if (!sheet || !sheet->hasReportedFailure()) {
+    bool const failureIsKnown = d()->addingFailed || (sheet && sheet->hasReportedFailure());
+    if (!failureIsKnown) {
         close();
     }
 }
@@ -171,8 +173,10 @@ ZySharedPtr<ZyOOXMLWriterSpreadsheet> ZyOOXMLWriter::addSheet(ZyString const & n
     }
     auto const number = static_cast<unsigned int>(d()->documents.size()) + 1;
     d()->documents.add(Private::Document{name, "rId" + ZyString(number)});
+    d()->addingFailed = true;
     auto const device = d()->archive.open("xl/worksheets/" + name + ".xml", ZyZipArchive::DefaultLevel);
     d()->activeDocument.reset(new ZyOOXMLWriterSpreadsheet(device));
+    d()->addingFailed = false;
     return d()->activeDocument;
 }
 

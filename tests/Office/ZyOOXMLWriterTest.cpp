@@ -4,6 +4,7 @@
 #include <ZyOOXMLWriter.h>
 
 #include "Program.h"
+#include "Restricted.h"
 #include "ScratchDirectory.h"
 #include "ThrowsMessage.h"
 
@@ -19,6 +20,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <random>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -263,6 +265,66 @@ TEST_F(ZyOOXMLWriterDeath, Deliberate_package_destructor_ends_process)
 {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
     EXPECT_DEATH({ create().reset(); }, "");
+}
+
+namespace
+{
+/** Text that does not get smaller. */
+ZyString randomText(std::size_t size)
+{
+    std::mt19937 random;
+    std::string text;
+    while (text.size() < size) {
+        text += static_cast<char>('0' + random() % 64);
+    }
+    return text;
+}
+} // namespace
+
+TEST_F(ZyOOXMLWriterDeath, TellsOfAFullDiskAndUnwinds)
+{
+    auto const write = [&] {
+        Restricted::limitFileSize(100000);
+        ZyString const text = randomText(50000);
+        try {
+            ZyOOXMLWriter workbook(path(), ZyOOXMLWriter::Spreadsheet);
+            auto const sheet = workbook.addSheet("a");
+            for (int row = 0; row < 100; ++row) {
+                sheet->startRow();
+                sheet->addCell(text, 1, 1);
+            }
+        } catch (ZyInvalidCallException const & e) {
+            return e.message().equal("ZyZipFile write failed: Zip failure",
+                                     ZyComparableString::CaseSensitive);
+        }
+        return false;
+    };
+    EXPECT_EXIT(Restricted::exitWith(write), testing::ExitedWithCode(0), "");
+}
+
+TEST_F(ZyOOXMLWriterDeath, ClosesWithTheSameFailureAfterAFullDisk)
+{
+    auto const write = [&] {
+        Restricted::limitFileSize(100000);
+        ZyOOXMLWriter workbook(path(), ZyOOXMLWriter::Spreadsheet);
+        auto const sheet = workbook.addSheet("a");
+        EXPECT_THROW(sheet->addCell(randomText(500000), 1, 1), ZyInvalidCallException);
+        EXPECT_THROW(workbook.close(), ZyInvalidCallException);
+        workbook.close();
+        return !testing::Test::HasFailure();
+    };
+    EXPECT_EXIT(Restricted::exitWith(write), testing::ExitedWithCode(0), "");
+}
+
+TEST_F(ZyOOXMLWriters, AreLeftIncompleteWhenASheetCannotBeAdded)
+{
+    auto workbook = create();
+    workbook->addSheet("a");
+    std::string const tooLong(70000, 'x');
+    EXPECT_ZY_THROW(workbook->addSheet(tooLong), ZyInvalidParameterException,
+                    "Cannot open zip archive file: Zip failure in xl\\worksheets\\" + tooLong + ".xml");
+    workbook.reset();
+    EXPECT_EQ(names(), std::vector<std::string>{"xl\\worksheets\\a.xml"});
 }
 
 TEST_F(ZyOOXMLWriters, Deliberate_package_entry_names)
