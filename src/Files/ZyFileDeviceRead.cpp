@@ -73,6 +73,12 @@ std::string ZyFileDevice::Private::take(std::size_t count)
         std::string_view const piece = buffer.available().substr(0, count - text.size());
         text.append(piece);
         buffer.skip(piece.size());
+        if (text.size() == piece.size() && count - text.size() > piece.size()) {
+            // Much is wanted: with what the file still has known, the text need not grow step by step.
+            std::size_t const rest =
+                static_cast<std::size_t>(std::max<std::streamsize>(buffer.in_avail(), 0));
+            text.reserve(text.size() + std::min(rest, count - text.size()));
+        }
     }
     return text;
 }

@@ -135,11 +135,16 @@ unsigned int ZyStringDevice::onWrite(ZyString const & text)
     }
     std::string & content = d()->content.toStdString();
     std::string_view const piece = ZyTextAccess::view(text);
+    if (d()->writePosition == content.size()) {
+        content.append(piece);
+        d()->writePosition += static_cast<unsigned int>(piece.size());
+        return static_cast<unsigned int>(piece.size());
+    }
     std::size_t const position = std::min<std::size_t>(d()->writePosition, content.size());
     std::size_t const covered = std::min(piece.size(), content.size() - position);
     std::string_view const over = piece.substr(0, covered);
     content.replace(position, covered, over.substr(0, over.find('\0')));
     content.append(piece.substr(covered));
     d()->writePosition += static_cast<unsigned int>(piece.size());
-    return text.size();
+    return static_cast<unsigned int>(piece.size());
 }
