@@ -7,9 +7,15 @@
 #include "Core/ZyString_p.h"
 #include "Tables/ZyCSV_p.h"
 
-ZyCSVFile::ZyCSVFile() = default;
+ZyCSVFile::ZyCSVFile()
+{
+    readsAsFileDevice(typeid(ZyCSVFile));
+}
 
-ZyCSVFile::ZyCSVFile(ZyString const & path) : ZyFile(ZyFilePath(path)) {}
+ZyCSVFile::ZyCSVFile(ZyString const & path) : ZyFile(ZyFilePath(path))
+{
+    readsAsFileDevice(typeid(ZyCSVFile));
+}
 
 ZyCSVFile::~ZyCSVFile() = default;
 
