@@ -11,12 +11,12 @@
 #include <ZySharedPtr.h>
 #include <ZyStringDevice.h>
 #include <ZyVariant.h>
-#include <ZyWeakPtr.h>
 
 #ifdef ZYBENCH_XLSXWRITER
 #include <xlsxwriter.h>
 #endif
 
+#define ZLIB_CONST // its input stays as it is
 #include <zlib.h>
 
 #include <algorithm>
