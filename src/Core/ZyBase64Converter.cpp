@@ -133,7 +133,7 @@ ZyStringDoubleBase64Converter::~ZyStringDoubleBase64Converter() = default;
 
 ZyString ZyStringDoubleBase64Converter::convert(double const & number) const
 {
-    return ZyString(encodedReal(number));
+    return ZyString::Base64(number);
 }
 
 double ZyStringDoubleBase64Converter::convert(ZyString const & text) const

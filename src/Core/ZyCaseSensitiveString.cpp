@@ -35,7 +35,7 @@ ZyCaseSensitiveString & ZyCaseSensitiveString::operator=(ZyCaseSensitiveString &
 
 bool ZyCaseSensitiveString::operator==(char const * text) const
 {
-    return compare(ZyString(text), CaseSensitive) == 0;
+    return compare(ZyStringView(text), CaseSensitive) == 0;
 }
 
 bool ZyCaseSensitiveString::operator==(ZyComparableString const & other) const

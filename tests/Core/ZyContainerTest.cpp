@@ -51,19 +51,19 @@ template <class C>
 class ZyContainerOfInt : public testing::Test
 {};
 using Kinds = testing::Types<ZyDeque<int>, ZyVector<int>, ZyList<int>>;
-TYPED_TEST_SUITE(ZyContainerOfInt, Kinds);
+TYPED_TEST_SUITE(ZyContainerOfInt, Kinds, );
 
 template <class C>
 class ZyContainerOfText : public testing::Test
 {};
 using TextKinds = testing::Types<ZyDeque<ZyString>, ZyVector<ZyString>, ZyList<ZyString>>;
-TYPED_TEST_SUITE(ZyContainerOfText, TextKinds);
+TYPED_TEST_SUITE(ZyContainerOfText, TextKinds, );
 
 template <class C>
 class ZyIndexed : public testing::Test
 {};
 using IndexedKinds = testing::Types<ZyDeque<int>, ZyVector<int>>;
-TYPED_TEST_SUITE(ZyIndexed, IndexedKinds);
+TYPED_TEST_SUITE(ZyIndexed, IndexedKinds, );
 } // namespace
 
 TYPED_TEST(ZyContainerOfInt, IsEmptyAtFirst)
