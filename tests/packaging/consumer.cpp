@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What a first program of someone else would do: text, a container, an exception across the library's border.
+// What a first program of someone else would do: text, a container, a table that becomes a workbook, and an
+// exception across the library's border.
 #include <ZyCore.h>
 #include <keelbase/Keelbase.h>
 
@@ -9,9 +10,19 @@ int main()
 try {
     ZyVector<ZyString> words = {"resistor", "capacitor"};
     words.add(ZyString(YString("inductor")));
-    std::cout << words.find("INDUCTOR").c_str() << '\n' << words.find("diode").c_str() << '\n';
+    ZyDataTable table;
+    table.addRow(ZyDeque<ZyDataTableItem>{ZyVariant("Part"), ZyVariant("Length")}, ZyDataTable::Header);
+    for (ZyString const & word : words) {
+        table.addRow(ZyDeque<ZyDataTableItem>{ZyVariant(word), ZyVariant(word.size())}, ZyDataTable::Data);
+    }
+    table.writeOOXML(ZyFilePath("words.xlsx"));
+    std::cout << ZyFileSystem::FileSize(ZyFilePath("words.xlsx")) << " bytes\n"
+              << words.find("diode").c_str();
     return 1;
 } catch (ZyNotFoundException const & e) {
     std::cout << e.name() << ": " << e.what() << '\n';
     return 0;
+} catch (ZyException const & e) {
+    std::cerr << e.name() << ": " << e.what() << '\n';
+    return 2;
 }
