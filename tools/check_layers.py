@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: BSD-3-Clause
 """Checks that every source stem includes only what tools/layers.txt allows it.
 
-Complains about: a stem that is not listed, an include of the same level outside the knot or of a higher level, the
+Complains about: a stem that is not listed or not there, an include of the same level outside the knot or of a higher level, the
 tests' side of the support library in the library itself, and system headers or system macros outside the platform
 folder. Levels cannot form a cycle; within a knot cycles are what the knot is for.
 """
@@ -95,6 +95,7 @@ def main():
              if path.suffix in ('.h', '.cpp')]
     own = {path.name for path in files}
     problems = list(check_knots(layers))
+    problems += [f'tools/layers.txt: there is no {stem}' for stem in sorted(set(layers) - {stem_of(path.name) for path in files})]
     for path in files:
         problems += check_file(root, path, layers, own)
     problems += check_keelbase(root)
