@@ -29,7 +29,7 @@ public:
     explicit ZyCSVFile(ZyString const & path);
     ZyCSVFile(ZyCSVFile const &) = delete;
     ZyCSVFile & operator=(ZyCSVFile const &) = delete;
-    virtual ~ZyCSVFile();
+    ~ZyCSVFile() override;
 
     /**
      * Splits a line into its fields, one more than it has commas outside quotes.

@@ -15,7 +15,6 @@
 
 #include <filesystem>
 #include <random>
-#include <regex>
 #include <string>
 #include <vector>
 
@@ -42,14 +41,17 @@ std::string sheetOf(ZyDataTable const & table)
 }
 
 /** The rows and merges of a worksheet in the spelling of the examples: all values alike. */
-std::string plainSheet(std::string sheet)
+std::string plainSheet(std::string const & sheet)
 {
-    sheet = std::regex_replace(sheet, std::regex(" t=\"inlineStr\"><is><t></t></is>"), "><v>''</v>");
-    sheet = std::regex_replace(sheet, std::regex(" t=\"inlineStr\"><is><t>([^<]*)</t></is>"), "><v>$1</v>");
-    sheet = std::regex_replace(sheet, std::regex("<row/>"), "<row></row>");
+    constexpr auto strict = ZyComparableString::CaseSensitive;
     std::size_t const from = sheet.find("<sheetData>") + std::string("<sheetData>").size();
-    std::size_t const to = sheet.find("</worksheet>");
-    return std::regex_replace(sheet.substr(from, to - from), std::regex("</sheetData>"), "");
+    ZyString plain(sheet.substr(from, sheet.find("</worksheet>") - from));
+    plain.replace(" t=\"inlineStr\"><is><t></t></is>", "><v>''</v>", strict);
+    plain.replace(" t=\"inlineStr\"><is><t>", "><v>", strict);
+    plain.replace("</t></is>", "</v>", strict);
+    plain.replace("<row/>", "<row></row>", strict);
+    plain.replace("</sheetData>", "", strict);
+    return plain.toStdString();
 }
 
 std::vector<std::string> namesOf(ZyFilePath const & package)
