@@ -26,8 +26,9 @@
  */
 struct ZYCORE_EXPORT ZyStringHash
 {
-    using is_transparent = void;
+    using is_transparent = void; ///< any kind of text may be looked up
 
+    /** The hash of a text. */
     std::size_t operator()(ZyComparableString const & text) const;
     /** The characters up to the first NUL; none for a null pointer. */
     std::size_t operator()(char const * text) const;
@@ -36,10 +37,13 @@ struct ZYCORE_EXPORT ZyStringHash
 /** Whether two texts are equal without regard to case, also where their own class says otherwise. */
 struct ZYCORE_EXPORT ZyStringEqual
 {
-    using is_transparent = void;
+    using is_transparent = void; ///< any kind of text may be looked up
 
+    /** Whether two texts are equal. */
     bool operator()(ZyComparableString const & a, ZyComparableString const & b) const;
+    /** The same with C text; a null pointer is the empty text. */
     bool operator()(ZyComparableString const & a, char const * b) const;
+    /** The same with C text; a null pointer is the empty text. */
     bool operator()(char const * a, ZyComparableString const & b) const;
 };
 
@@ -49,6 +53,7 @@ namespace std
 template <>
 struct hash<ZyCaseSensitiveString>
 {
+    /** The hash of a text. */
     size_t operator()(ZyCaseSensitiveString const & text) const
     {
         return hash<string_view>()(text.toStdString());

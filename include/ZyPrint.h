@@ -15,6 +15,12 @@
 #include <type_traits>
 #include <utility>
 
+/** Well-formed for a class, other than a string, whose `toString` gives a string. */
+template <class T>
+using ZyHasToString =
+    std::enable_if_t<!std::is_base_of_v<ZyComparableString, T> &&
+                     std::is_same_v<std::decay_t<decltype(std::declval<T const &>().toString())>, ZyString>>;
+
 /**
  * The text that a value is printed as: that of its own `toString`; the characters of a string;
  * "[first,second]" for a pair of such values. Only classes that have one of these are printed.
@@ -26,6 +32,7 @@
  */
 struct ZyPrint
 {
+    /** The characters of a string or a view. */
     template <class T>
     static std::enable_if_t<std::is_base_of_v<ZyComparableString, T>, std::string> Text(T const & text)
     {
@@ -36,16 +43,14 @@ struct ZyPrint
         return characters;
     }
 
-    template <class T>
-    static std::enable_if_t<
-        !std::is_base_of_v<ZyComparableString, T> &&
-            std::is_same_v<std::decay_t<decltype(std::declval<T const &>().toString())>, ZyString>,
-        std::string>
-    Text(T const & value)
+    /** What the value's own `toString` gives. */
+    template <class T, class = ZyHasToString<T>>
+    static std::string Text(T const & value)
     {
         return value.toString().toStdString();
     }
 
+    /** "[first,second]". */
     template <class A, class B>
     static auto Text(ZyPair<A, B> const & pair) -> decltype(Text(pair.first) + Text(pair.second))
     {
@@ -58,12 +63,14 @@ template <class T>
 using ZyPrintable =
     std::enable_if_t<std::is_same_v<decltype(ZyPrint::Text(std::declval<T const &>())), std::string>>;
 
+/** Writes the text of a value. */
 template <class T, class = ZyPrintable<T>>
 std::ostream & operator<<(std::ostream & stream, T const & value)
 {
     return stream << ZyPrint::Text(value);
 }
 
+/** Writes the text of a value, read as UTF-8 and without quotes. */
 template <class T, class = ZyPrintable<T>>
 QDebug operator<<(QDebug stream, T const & value)
 {
