@@ -263,7 +263,6 @@ TEST_F(ZyOOXMLWriters, CannotBeMadeInAMissingDirectory)
 
 TEST_F(ZyOOXMLWriterDeath, Deliberate_package_destructor_ends_process)
 {
-    testing::FLAGS_gtest_death_test_style = "threadsafe";
     EXPECT_DEATH({ create().reset(); }, "");
 }
 
