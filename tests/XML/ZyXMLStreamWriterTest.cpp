@@ -15,6 +15,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <type_traits>
 
@@ -452,14 +453,14 @@ TEST(ZyXMLStreamWriter, KnowsTheCurrentElement)
 TEST(ZyXMLStreamWriter, LeavesAnAbandonedDocumentCutOffAndTheDeviceClosed)
 {
     ZyStringDevice device;
+    std::unique_ptr<ZyXMLStreamElementWriter> a; // both outlive the document that is abandoned
+    std::unique_ptr<ZyXMLStreamElementWriter> b;
     {
         ZyXMLStreamWriter writer(device);
         writer.startDocument();
-        auto a = writer.createElement("a");
-        auto b = writer.createElement("b");
+        a = writer.createElement("a");
+        b = writer.createElement("b");
         b->writeAttribute("x", "1");
-        b.release(); // abandoned with the document
-        a.release();
     }
     EXPECT_EQ(device.content().toStdString(), "<?xml version=\"1.0\" encoding=\"UTF-8\"?><a><b x=\"1\"");
     EXPECT_EQ(device.mode(), ZyIODevice::Closed);

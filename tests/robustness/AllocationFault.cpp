@@ -49,6 +49,21 @@ void * operator new[](std::size_t size)
     return allocate(size);
 }
 
+// The forms that answer with null, which the sorts of the standard library ask for their buffers.
+void * operator new(std::size_t size, std::nothrow_t const &) noexcept
+{
+    try {
+        return allocate(size);
+    } catch (std::bad_alloc const &) {
+        return nullptr;
+    }
+}
+
+void * operator new[](std::size_t size, std::nothrow_t const & tag) noexcept
+{
+    return operator new(size, tag);
+}
+
 void operator delete(void * block) noexcept
 {
     std::free(block);
