@@ -119,7 +119,7 @@ public:
 
     ZyWeakPtr & operator=(ZyWeakPtr const & other) noexcept
     {
-        m_object = other.m_object;
+        ZyWeakPtr(other).m_object.swap(m_object);
         return *this;
     }
     ZyWeakPtr & operator=(ZyWeakPtr && other) noexcept

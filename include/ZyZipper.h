@@ -84,5 +84,5 @@ public:
 
 private:
     ZyZipper();
-    ~ZyZipper();
+    ~ZyZipper() = default;
 };

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <utility>
 
 namespace
@@ -61,7 +62,8 @@ std::string ZyZipFile::CurrentName(void * unzip)
     std::string name(size + 1, '\0');
     unz_file_info unused = {};
     int const result = unzGetCurrentFileInfo(unzip, &unused, name.data(), size, nullptr, 0, nullptr, 0);
-    return result == UNZ_OK ? std::string(name.c_str()) : std::string();
+    name.resize(result == UNZ_OK ? std::strlen(name.data()) : 0);
+    return name;
 }
 
 bool ZyZipFile::atEnd() const

@@ -244,8 +244,6 @@ private:
 
 ZyZipper::ZyZipper() = default;
 
-ZyZipper::~ZyZipper() = default;
-
 void ZyZipper::Zip(ZyFilePath const & archive, ZyFilePath const & source, ZyZipArchive::EntryNames names)
 {
     Zip(archive, source, Progress(), names);
