@@ -21,7 +21,7 @@ demo | test | ci) ;;
 esac
 
 # The library and its hosts.
-packages=(g++ cmake ninja-build ccache qtbase5-dev zlib1g-dev libminizip-dev)
+packages=(g++ cmake ninja-build ccache qtbase5-dev libqt5xmlpatterns5-dev zlib1g-dev libminizip-dev)
 locales=()
 if [ "$purpose" != demo ]; then
     # The tests; the second compiler that the public headers are tried with.
