@@ -39,6 +39,7 @@
 #include <ZyStringConverter.h>
 #include <ZyStringDevice.h>
 #include <ZyStringView.h>
+#include <ZyTemplateObject.h>
 #include <ZyTemporaryDir.h>
 #include <ZyTemporaryFile.h>
 #include <ZyThrow.h>
@@ -48,6 +49,12 @@
 #include <ZyVariantTable.h>
 #include <ZyVector.h>
 #include <ZyXMLElementWriter.h>
+#include <ZyXMLLambdaRule.h>
+#include <ZyXMLLoader.h>
+#include <ZyXMLObject.h>
+#include <ZyXMLPath.h>
+#include <ZyXMLRule.h>
+#include <ZyXMLSerializableObject.h>
 #include <ZyXMLSpreadsheetWriter.h>
 #include <ZyXMLStreamElementWriter.h>
 #include <ZyXMLStreamWriter.h>

@@ -80,6 +80,10 @@ class ZyVariantTable;
 class ZyXMLDuplicateRuleException;
 class ZyXMLElementWriter;
 class ZyXMLException;
+class ZyXMLLoader;
+class ZyXMLPath;
+class ZyXMLRule;
+class ZyXMLSerializableObject;
 class ZyXMLSpreadsheetWriter;
 class ZyXMLStreamElementWriter;
 class ZyXMLStreamWriter;
@@ -118,11 +122,17 @@ class ZyStandardContainer;
 template <class T>
 class ZyStringConverter;
 template <class T>
+class ZyTemplateObject;
+template <class T>
 class ZyUniquePtr;
 template <class T>
 class ZyVector;
 template <class T>
 class ZyWeakPtr;
+template <class T>
+struct ZyXMLLambdaDefinition;
+template <class T>
+class ZyXMLLambdaRule;
 
 using ZyPoint = ZyPointTemplate<int>;
 using ZyPointD = ZyPointTemplate<double>;

@@ -9,6 +9,8 @@
 
 #include <new>
 
+class ZyXMLPath;
+
 /**
  * Root of everything that the library throws.
  *
@@ -467,6 +469,8 @@ class ZYCORE_EXPORT ZyXMLDuplicateRuleException : public ZyXMLException
 public:
     /** "Duplicate rule for XML path". */
     ZyXMLDuplicateRuleException();
+    /** "Duplicate rule for XML path: " and \a path. */
+    explicit ZyXMLDuplicateRuleException(ZyXMLPath const & path);
 
     char const * name() const override;
 };

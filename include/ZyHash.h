@@ -5,6 +5,7 @@
 #include <ZyCaseSensitiveString.h>
 #include <ZyComparableString.h>
 #include <ZyExport.h>
+#include <ZyXMLPath.h>
 
 #include <QHash>
 
@@ -59,6 +60,17 @@ struct hash<ZyCaseSensitiveString>
         return hash<string_view>()(text.toStdString());
     }
 };
+
+/** Hashes the bytes, as the class compares them. */
+template <>
+struct hash<ZyXMLPath>
+{
+    /** The hash of a path. */
+    size_t operator()(ZyXMLPath const & path) const
+    {
+        return hash<string_view>()(path.toString().toStdString());
+    }
+};
 } // namespace std
 
 /** Hashes the bytes, for Qt's containers of case-sensitive text and what derives from it. */
@@ -66,4 +78,11 @@ template <class T, class = std::enable_if_t<std::is_base_of_v<ZyCaseSensitiveStr
 uint qHash(T const & text)
 {
     return qHashBits(text.toStdString().data(), text.toStdString().size());
+}
+
+/** Hashes the bytes, for Qt's containers. */
+inline uint qHash(ZyXMLPath const & path)
+{
+    std::string const & text = path.toString().toStdString();
+    return qHashBits(text.data(), text.size());
 }
