@@ -48,6 +48,9 @@
 #include <ZyVariant.h>
 #include <ZyVariantTable.h>
 #include <ZyVector.h>
+#include <ZyXMLAttribute.h>
+#include <ZyXMLAttributeSet.h>
+#include <ZyXMLElementReader.h>
 #include <ZyXMLElementWriter.h>
 #include <ZyXMLLambdaRule.h>
 #include <ZyXMLLoader.h>
@@ -56,7 +59,9 @@
 #include <ZyXMLRule.h>
 #include <ZyXMLSerializableObject.h>
 #include <ZyXMLSpreadsheetWriter.h>
+#include <ZyXMLStreamElementReader.h>
 #include <ZyXMLStreamElementWriter.h>
+#include <ZyXMLStreamReader.h>
 #include <ZyXMLStreamWriter.h>
 #include <ZyZipArchive.h>
 #include <ZyZipFile.h>

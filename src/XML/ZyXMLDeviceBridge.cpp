@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The bridge from Qt's writer to our devices: collecting, failures, and the fast road for ready markup.
+// How bridges open their devices, and the bridge from Qt's writer: collecting, failures, and the fast road
+// for ready markup.
+#include "XML/ZyXMLDeviceBridge_p.h"
+
 #include "XML/ZyXMLStreamWriter_p.h"
 
 #include <cstring>
@@ -9,15 +12,15 @@ namespace
 constexpr std::size_t pieceSize = 65536;
 }
 
-bool ZyXMLStreamWriter::Private::MyIODevice::open(OpenMode mode)
+bool ZyXMLDeviceBridge::open(OpenMode mode)
 {
     if (!QIODevice::open(mode)) {
         return false;
     }
     if (mode == ReadOnly || mode == WriteOnly || mode == Append) {
-        return m_device->open(static_cast<ZyIODevice::Mode>(static_cast<int>(mode)));
+        return device().open(static_cast<ZyIODevice::Mode>(static_cast<int>(mode)));
     }
-    return (mode & ReadWrite) == ReadWrite && m_device->open(ZyIODevice::ReadWrite);
+    return (mode & ReadWrite) == ReadWrite && device().open(ZyIODevice::ReadWrite);
 }
 
 qint64 ZyXMLStreamWriter::Private::MyIODevice::readData(char *, qint64)
@@ -53,7 +56,7 @@ void ZyXMLStreamWriter::Private::MyIODevice::flush()
 {
     if (!m_failure && !text().empty()) {
         try {
-            m_device->write(m_collected);
+            device().write(m_collected);
             m_straight = false;
         } catch (...) {
             fail();

@@ -3,11 +3,12 @@
 // of tables that have their markup ready.
 #pragma once
 
+#include "XML/ZyXMLDeviceBridge_p.h"
+
 #include <ZyIODevice.h>
 #include <ZyString.h>
 #include <ZyXMLStreamWriter.h>
 
-#include <QIODevice>
 #include <QString>
 #include <QXmlStreamWriter>
 
@@ -78,12 +79,10 @@ private:
  * are collected. A failure never travels through Qt's code: it is kept, everything behind it is dropped, and
  * check() throws it after the call.
  */
-class ZyXMLStreamWriter::Private::MyIODevice : public QIODevice
+class ZyXMLStreamWriter::Private::MyIODevice : public ZyXMLDeviceBridge
 {
 public:
-    explicit MyIODevice(ZyIODevice & device) : m_device(&device) {}
-
-    bool open(OpenMode mode) override;
+    explicit MyIODevice(ZyIODevice & device) : ZyXMLDeviceBridge(device) {}
 
     /** Where markup is collected; whoever appends calls collected() next. */
     std::string & text() { return m_collected.toStdString(); }
@@ -99,7 +98,6 @@ protected:
 private:
     void fail();
 
-    ZyIODevice * m_device;
     ZyString m_collected;
     std::exception_ptr m_failure;
     bool m_straight = true;  ///< nothing has reached the device yet
