@@ -12,6 +12,7 @@
 #include <ZyCoreFwd.h>
 #include <ZyDataTable.h>
 #include <ZyDeque.h>
+#include <ZyErrorLogger.h>
 #include <ZyException.h>
 #include <ZyExport.h>
 #include <ZyFile.h>
@@ -35,6 +36,7 @@
 #include <ZyPrivateObject.h>
 #include <ZyRef.h>
 #include <ZySharedPtr.h>
+#include <ZyStackMemoryCheck.h>
 #include <ZyString.h>
 #include <ZyStringConverter.h>
 #include <ZyStringDevice.h>
@@ -43,7 +45,12 @@
 #include <ZyTemporaryDir.h>
 #include <ZyTemporaryFile.h>
 #include <ZyThrow.h>
+#include <ZyTime.h>
+#include <ZyTimeComponent.h>
+#include <ZyTimeDuration.h>
+#include <ZyTimePoint.h>
 #include <ZyTypes.h>
+#include <ZyUUID.h>
 #include <ZyUniquePtr.h>
 #include <ZyVariant.h>
 #include <ZyVariantTable.h>

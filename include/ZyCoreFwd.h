@@ -17,6 +17,7 @@ class ZyDataTableItem;
 class ZyDataTableRow;
 class ZyDivideByZeroException;
 class ZyDomainException;
+class ZyErrorLogger;
 class ZyException;
 class ZyExceptionInterface;
 class ZyFile;
@@ -60,6 +61,7 @@ class ZyOverflowException;
 struct ZyPrint;
 class ZyPrivateObject;
 class ZyStackLimitException;
+class ZyStackMemoryCheck;
 class ZyString;
 class ZyStringDevice;
 class ZyStringDoubleBase64Converter;
@@ -70,6 +72,10 @@ class ZyStringView;
 class ZyTemporaryDir;
 class ZyTemporaryFile;
 struct ZyThrow;
+class ZyTime;
+class ZyTimeDuration;
+class ZyTimePoint;
+class ZyUUID;
 class ZyUndefinedFunctionException;
 class ZyUnderflowException;
 class ZyUnknownXMLAttributeException;
@@ -133,6 +139,8 @@ template <class T>
 class ZyStringConverter;
 template <class T>
 class ZyTemplateObject;
+template <class T, int N>
+struct ZyTimeComponent;
 template <class T>
 class ZyUniquePtr;
 template <class T>

@@ -5,6 +5,7 @@
 #include <ZyCaseSensitiveString.h>
 #include <ZyComparableString.h>
 #include <ZyExport.h>
+#include <ZyUUID.h>
 #include <ZyXMLPath.h>
 
 #include <QHash>
@@ -71,6 +72,14 @@ struct hash<ZyXMLPath>
         return hash<string_view>()(path.toString().toStdString());
     }
 };
+
+/** Hashes the bytes of an identifier's text. */
+template <>
+struct hash<ZyUUID>
+{
+    /** The hash of an identifier. */
+    size_t operator()(ZyUUID const & id) const { return hash<string_view>()(id.toString().toStdString()); }
+};
 } // namespace std
 
 /** Hashes the bytes, for Qt's containers of case-sensitive text and what derives from it. */
@@ -84,5 +93,12 @@ uint qHash(T const & text)
 inline uint qHash(ZyXMLPath const & path)
 {
     std::string const & text = path.toString().toStdString();
+    return qHashBits(text.data(), text.size());
+}
+
+/** Hashes the bytes of an identifier's text, for Qt's containers. */
+inline uint qHash(ZyUUID const & id)
+{
+    std::string const & text = id.toString().toStdString();
     return qHashBits(text.data(), text.size());
 }

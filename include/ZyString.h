@@ -15,6 +15,7 @@ class QString;
 class QStringRef;
 class TempString;
 class YString;
+class ZyUUID;
 template <class T>
 class ZyDeque;
 
@@ -56,6 +57,8 @@ public:
     /** The characters up to the first NUL. */
     ZyString(YString const & text);
     ZyString(TempString const & text);
+    /** A copy of the identifier's text; where no class is named, the identifier converts itself. */
+    explicit ZyString(ZyUUID const & id);
     ZyString(ZyString const & other);
     ZyString(ZyString && other);
     ~ZyString() override;

@@ -5,6 +5,10 @@
 
 #include <keelbase/KbTypes.h>
 
+#include <cstddef>
+#include <functional>
+#include <string>
+
 namespace kb
 {
 
@@ -15,5 +19,21 @@ namespace kb
  * which is what TMPDIR names, or "/tmp" when that is no directory \threads any
  */
 KB_API void SetTempDirectory(char const * path);
+
+/**
+ * Replaces what sp_GetGUID() gives, for the whole process.
+ *
+ * \param source called for every identifier, without a lock; empty: unique identifiers again
+ * \threads any
+ */
+KB_API void SetGuidSource(std::function<std::string()> source);
+
+/**
+ * Replaces what sp_StackAvail() gives, for the whole process.
+ *
+ * \param source called for every reading, without a lock; empty: the real readings again
+ * \threads any
+ */
+KB_API void SetStackAvail(std::function<std::size_t()> source);
 
 } // namespace kb

@@ -4,6 +4,8 @@
 
 #include <keelbase/YString.h>
 
+#include <cstddef>
+
 /**
  * The path, in UTF-8 and with forward slashes, of a file that does not exist yet: in the temporary directory,
  * named "zy_", 16 random hexadecimal digits, ".tmp". Nothing is created, and the name cannot be guessed.
@@ -12,3 +14,20 @@
  * \threads any
  */
 KB_API YString sp_GetTempFile();
+
+/**
+ * A new globally unique identifier of random bits: 36 characters, lower case, four hyphens, no braces. None
+ * comes twice, in a child process of fork() neither.
+ *
+ * \throws std::runtime_error the system gives no random bytes
+ * \threads any
+ */
+KB_API YString sp_GetGUID();
+
+/**
+ * The free bytes of the calling thread's stack: 0 outside of it (on a signal stack, in a fiber), a huge
+ * number where the stack has no limit or the system does not tell it.
+ *
+ * \threads any; the first reading of a thread is slow, as the system's table of memory is read for it
+ */
+KB_API std::size_t sp_StackAvail();
