@@ -20,6 +20,8 @@
 #include <ZyFileException.h>
 #include <ZyFilePath.h>
 #include <ZyFileSystem.h>
+#include <ZyGlobal.h>
+#include <ZyGlobalObject.h>
 #include <ZyHash.h>
 #include <ZyIODevice.h>
 #include <ZyIterator.h>
@@ -34,6 +36,8 @@
 #include <ZyPoint.h>
 #include <ZyPrint.h>
 #include <ZyPrivateObject.h>
+#include <ZyProperties.h>
+#include <ZyProperty.h>
 #include <ZyRef.h>
 #include <ZySharedPtr.h>
 #include <ZyStackMemoryCheck.h>

@@ -28,6 +28,8 @@ class ZyFileNotFoundException;
 class ZyFilePath;
 class ZyFileSaveException;
 class ZyFileSystem;
+class ZyGlobal;
+class ZyGlobalObject;
 class ZyIODevice;
 class ZyIOException;
 class ZyIOInvalidReadException;
@@ -60,6 +62,8 @@ class ZyObject;
 class ZyOverflowException;
 struct ZyPrint;
 class ZyPrivateObject;
+class ZyProperties;
+class ZyProperty;
 class ZyStackLimitException;
 class ZyStackMemoryCheck;
 class ZyString;
@@ -111,10 +115,14 @@ template <class T>
 class ZyCRef;
 template <class T>
 class ZyContainer;
+template <class T, int N>
+class ZyContainerGlobalObject;
 template <class T, class I>
 class ZyContainerIteratorImpl;
 template <class T>
 class ZyDeque;
+template <class T, int N>
+class ZyGlobalTemplateObject;
 template <class T, class S>
 class ZyIndexedContainer;
 template <class T>

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// A value with a name.
+#pragma once
+
+#include <ZyExport.h>
+#include <ZyString.h>
+#include <ZyVariant.h>
+
+/**
+ * A value with a name: the element of ZyProperties.
+ *
+ * \code
+ * ZyProperty const gain("Gain", 2.5);
+ * gain.equalName(ZyProperty("GAIN"));   // true: names are equal without regard to case
+ * \endcode
+ *
+ * A value class: copies are deep. Of a moved-from property the name is empty and the value Null.
+ */
+class ZYCORE_EXPORT ZyProperty
+{
+public:
+    /** No name and no value. */
+    ZyProperty();
+    ZyProperty(ZyProperty const & other);
+    ZyProperty(ZyProperty && other);
+    /** The value is Null. */
+    explicit ZyProperty(ZyString const & name);
+    ZyProperty(ZyString const & name, ZyVariant const & value);
+    /** Takes both over. */
+    ZyProperty(ZyString && name, ZyVariant && value);
+    virtual ~ZyProperty();
+    ZyProperty & operator=(ZyProperty const & other);
+
+    /** The name as it was spelled last. */
+    ZyString const & name() const { return m_name; }
+    /** The value, on loan. */
+    ZyVariant const & value() const { return m_value; }
+    void setName(ZyString const & name);
+    void setName(ZyString && name);
+    void setValue(ZyVariant const & value);
+    void setValue(ZyVariant && value);
+
+    /** Whether the names are equal, without regard to case. */
+    bool equalName(ZyProperty const & other) const;
+    /** Whether the values are equal, as ZyVariant compares them. */
+    bool equalValue(ZyProperty const & other) const;
+    /** Whether names and values are equal. */
+    bool operator==(ZyProperty const & other) const;
+    bool operator!=(ZyProperty const & other) const;
+
+private:
+    ZyString m_name;
+    ZyVariant m_value;
+};
