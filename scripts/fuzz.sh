@@ -25,9 +25,9 @@ targets=("$@")
 # settings <target>: the executions that are enough to notice what breaks, and the longest input.
 settings() {
     case $1 in
-    base64) runs=200000 length=256 ;;
-    csv) runs=100000 length=512 ;;
-    path) runs=100000 length=256 ;;
+    base64) runs=100000 length=256 ;;
+    csv) runs=30000 length=512 ;;
+    path) runs=30000 length=256 ;;
     zip) runs=4000 length=4096 ;;
     *)
         echo "No such target: $1 (there are: ${all[*]})" >&2
