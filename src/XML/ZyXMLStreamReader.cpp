@@ -75,6 +75,9 @@ void ZyXMLStreamReader::Private::MyIODevice::check()
 /**
  * Asks for one byte less than there is room for, as for a C text, and passes on the size of what has come.
  *
+ * Of fewer bytes than a character may have Qt makes no character, and takes that for the end: such a piece is
+ * filled up. When the device fails meanwhile, what has come goes first.
+ *
  * \deliberate{bridge-cuts-at-nul} What stands behind a NUL is lost: Qt sees NULs in its place.
  */
 qint64 ZyXMLStreamReader::Private::MyIODevice::readData(char * data, qint64 maxSize)
@@ -82,18 +85,35 @@ qint64 ZyXMLStreamReader::Private::MyIODevice::readData(char * data, qint64 maxS
     if (maxSize <= 1) {
         return 0;
     }
-    try {
-        qint64 const most = std::min<qint64>(maxSize - 1, std::numeric_limits<unsigned int>::max());
-        std::string const piece = std::move(device().read(static_cast<unsigned int>(most)).toStdString());
-        std::size_t const size = std::min(piece.size(), static_cast<std::size_t>(maxSize));
-        std::size_t const text = std::min(piece.find('\0'), size);
-        std::memcpy(data, piece.data(), text);
-        std::memset(data + text, 0, size - text);
-        return static_cast<qint64>(size);
-    } catch (...) {
-        m_failure = std::current_exception();
+    if (m_later) {
+        m_failure = std::exchange(m_later, nullptr);
         return -1;
     }
+    constexpr std::size_t longest = 4;
+    std::size_t size = 0;
+    try {
+        bool more = true;
+        while (more && size < longest && static_cast<qint64>(size) < maxSize - 1) {
+            std::size_t const added = readPiece(data + size, static_cast<std::size_t>(maxSize) - size);
+            size += added;
+            more = added > 0;
+        }
+    } catch (...) {
+        (size == 0 ? m_failure : m_later) = std::current_exception();
+        return size == 0 ? -1 : static_cast<qint64>(size);
+    }
+    return static_cast<qint64>(size);
+}
+
+std::size_t ZyXMLStreamReader::Private::MyIODevice::readPiece(char * data, std::size_t room)
+{
+    std::size_t const most = std::min<std::size_t>(room - 1, std::numeric_limits<unsigned int>::max());
+    std::string const piece = std::move(device().read(static_cast<unsigned int>(most)).toStdString());
+    std::size_t const size = std::min(piece.size(), room);
+    std::size_t const text = std::min(piece.find('\0'), size);
+    std::memcpy(data, piece.data(), text);
+    std::memset(data + text, 0, size - text);
+    return size;
 }
 
 qint64 ZyXMLStreamReader::Private::MyIODevice::writeData(char const *, qint64)

@@ -65,7 +65,12 @@ protected:
     qint64 writeData(char const * data, qint64 size) override;
 
 private:
+    /** One read of the device, with room for one byte more than is asked for. \return the bytes that have
+     * come */
+    std::size_t readPiece(char * data, std::size_t room);
+
     std::exception_ptr m_failure;
+    std::exception_ptr m_later; ///< of a device that failed behind bytes that Qt has not seen yet
 };
 
 class ZyXMLStreamElementReader::Private : public ZyPrivateObject
