@@ -18,7 +18,7 @@ if [ "${1:-}" = --seconds ]; then
     seconds=$2
     shift 2
 fi
-all=(base64 csv path zip)
+all=(base64 csv path zip xmlreader)
 targets=("$@")
 [ $# -gt 0 ] || targets=("${all[@]}")
 
@@ -29,6 +29,7 @@ settings() {
     csv) runs=30000 length=512 ;;
     path) runs=30000 length=256 ;;
     zip) runs=4000 length=4096 ;;
+    xmlreader) runs=8000 length=1024 ;;
     *)
         echo "No such target: $1 (there are: ${all[*]})" >&2
         return 2
