@@ -63,6 +63,7 @@
 #include <ZyXMLAttributeSet.h>
 #include <ZyXMLElementReader.h>
 #include <ZyXMLElementWriter.h>
+#include <ZyXMLFactory.h>
 #include <ZyXMLLambdaRule.h>
 #include <ZyXMLLoader.h>
 #include <ZyXMLObject.h>
@@ -74,6 +75,7 @@
 #include <ZyXMLStreamElementWriter.h>
 #include <ZyXMLStreamReader.h>
 #include <ZyXMLStreamWriter.h>
+#include <ZyXMLTemplateFactory.h>
 #include <ZyZipArchive.h>
 #include <ZyZipFile.h>
 #include <ZyZipper.h>
