@@ -61,6 +61,10 @@
 #include <ZyVector.h>
 #include <ZyXMLAttribute.h>
 #include <ZyXMLAttributeSet.h>
+#include <ZyXMLDomDocument.h>
+#include <ZyXMLDomElement.h>
+#include <ZyXMLDomElementReader.h>
+#include <ZyXMLDomElementWriter.h>
 #include <ZyXMLElementReader.h>
 #include <ZyXMLElementWriter.h>
 #include <ZyXMLFactory.h>
@@ -76,6 +80,7 @@
 #include <ZyXMLStreamReader.h>
 #include <ZyXMLStreamWriter.h>
 #include <ZyXMLTemplateFactory.h>
+#include <ZyXMLValidator.h>
 #include <ZyZipArchive.h>
 #include <ZyZipFile.h>
 #include <ZyZipper.h>
