@@ -11,6 +11,7 @@
 #include <ZyContainer.h>
 #include <ZyCoreFwd.h>
 #include <ZyDataTable.h>
+#include <ZyDateTime.h>
 #include <ZyDeque.h>
 #include <ZyErrorLogger.h>
 #include <ZyException.h>

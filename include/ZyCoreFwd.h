@@ -15,6 +15,7 @@ class ZyComparableString;
 class ZyDataTable;
 class ZyDataTableItem;
 class ZyDataTableRow;
+class ZyDateTime;
 class ZyDivideByZeroException;
 class ZyDomainException;
 class ZyErrorLogger;

@@ -7,6 +7,7 @@
 #include <ZyPrivateObject.h>
 #include <ZyProperty.h>
 #include <ZySharedPtr.h>
+#include <ZyXMLObject.h>
 
 #include <functional>
 #include <initializer_list>
@@ -83,4 +84,16 @@ private:
     ZyPrivatePtr<Private> const & d() const { return m_d; }
 
     ZyPrivatePtr<Private> m_d;
+};
+
+/**
+ * One child "Property" a property, in order. Reading adds them in turn, so a repeated name keeps the place of
+ * the first and the content of the last.
+ */
+template <>
+struct ZYCORE_EXPORT ZyXMLObject<ZyProperties, void>
+{
+    static void Write(ZyXMLElementWriter & element,
+                      ZyProperties const & value);                      ///< puts \a value into \a element
+    static ZySharedPtr<ZyXMLLambdaDefinition<ZyProperties>> LoadRule(); ///< reads such an element
 };

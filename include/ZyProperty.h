@@ -5,6 +5,7 @@
 #include <ZyExport.h>
 #include <ZyString.h>
 #include <ZyVariant.h>
+#include <ZyXMLObject.h>
 
 /**
  * A value with a name: the element of ZyProperties.
@@ -51,4 +52,13 @@ public:
 private:
     ZyString m_name;
     ZyVariant m_value;
+};
+
+/** Two children, "Name" with the name as its text and "Value" with the value as its own binding writes it. */
+template <>
+struct ZYCORE_EXPORT ZyXMLObject<ZyProperty, void>
+{
+    static void Write(ZyXMLElementWriter & element,
+                      ZyProperty const & value);                      ///< puts \a value into \a element
+    static ZySharedPtr<ZyXMLLambdaDefinition<ZyProperty>> LoadRule(); ///< reads such an element
 };

@@ -310,7 +310,7 @@ TEST_F(ZyGlobalStore, ServesManyReadersAndOneWriterUnderTheCallersLock)
     for (int reader = 0; reader < 4; ++reader) {
         threads.emplace_back([&] {
             int last = 0;
-            while (last < 200) {
+            for (int reading = 0; reading < 200; ++reading) {
                 std::shared_lock<std::shared_mutex> const lock(mutex);
                 int const now = ZyGlobal::GetInt(id);
                 EXPECT_GE(now, last);
