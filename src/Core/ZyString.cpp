@@ -5,6 +5,7 @@
 
 #include "Core/ZyNumberText_p.h"
 #include "Core/ZyString_p.h"
+#include "Core/ZyUtf8_p.h"
 
 #include <ZyException.h>
 
@@ -61,9 +62,15 @@ ZyString::ZyString(std::string const & text) : m_d(new Private(std::string_view(
 
 ZyString::ZyString(std::string && text) : m_d(new Private(std::move(text))) {}
 
-ZyString::ZyString(QString const & text) : m_d(new Private(text.toStdString())) {}
+ZyString::ZyString(QString const & text) : m_d(new Private)
+{
+    ZyUtf8::append(d()->text, text);
+}
 
-ZyString::ZyString(QStringRef const & text) : m_d(new Private(text.toString().toStdString())) {}
+ZyString::ZyString(QStringRef const & text) : m_d(new Private)
+{
+    ZyUtf8::append(d()->text, text);
+}
 
 ZyString::ZyString(ZyStringView const & text) : m_d(new Private(ZyTextAccess::view(text))) {}
 

@@ -2,6 +2,8 @@
 // UTF-8 to wide text and back. Written out because the standard facets take truncated tails and surrogates.
 #include "Core/ZyUtf8_p.h"
 
+#include <QByteArray>
+
 #include <cstddef>
 #include <stdexcept>
 
@@ -99,4 +101,29 @@ std::string ZyUtf8::fromWide(std::wstring_view text)
         encode(narrow, point);
     }
     return narrow;
+}
+
+void ZyUtf8::append(std::string & to, QStringView text)
+{
+    std::size_t const from = to.size();
+    std::size_t const size = static_cast<std::size_t>(text.size());
+    to.resize(from + size);
+    char * const bytes = to.data() + from;
+    QStringView::storage_type const * const units = text.utf16();
+    unsigned int all = 0;
+    std::size_t i = 0;
+    for (; i + 8 <= size; i += 8) { // a fixed length, which the compiler makes vector code of
+        for (std::size_t k = i; k < i + 8; ++k) {
+            all |= units[k];
+            bytes[k] = static_cast<char>(units[k]);
+        }
+    }
+    for (; i < size; ++i) {
+        all |= units[i];
+        bytes[i] = static_cast<char>(units[i]);
+    }
+    if (all >= 0x80) {
+        QByteArray const utf8 = text.toUtf8();
+        to.replace(from, size, utf8.constData(), static_cast<std::size_t>(utf8.size()));
+    }
 }

@@ -1,14 +1,114 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The parser's attributes become a set of ours.
+// The attributes of a start tag, kept as one text until a set of them is wanted.
+#include "Core/ZyCaseFold_p.h"
+#include "Core/ZyUtf8_p.h"
 #include "XML/ZyXMLAttributeSet_p.h"
 
 #include <ZyString.h>
 
 #include <QXmlStreamAttributes>
 
-void ZyXMLAttributeReading::append(ZyXMLAttributeSet & set, QXmlStreamAttributes const & attributes)
+#include <cstddef>
+#include <locale>
+#include <unordered_map>
+
+namespace
 {
-    for (QXmlStreamAttribute const & attribute : attributes) {
-        set.addAttribute(ZyString(attribute.name()), ZyString(attribute.value()));
+/** Takes the next of several texts that end with a NUL each. */
+std::string_view take(std::string_view & texts)
+{
+    std::string_view const first = texts.substr(0, texts.find('\0'));
+    texts.remove_prefix(first.size() + 1);
+    return first;
+}
+
+/** Equal as strings of ours are. */
+bool areEqual(std::string_view a, std::string_view b)
+{
+    return a == b || (a.size() == b.size() && ZyCaseFold::withFold(std::locale(), [&](auto const & fold) {
+                          return ZyCaseFold::equal(a, b, fold);
+                      }));
+}
+
+/** A text that is the same for all that are equal. */
+std::string folded(std::string_view text)
+{
+    std::string result(text);
+    ZyCaseFold::withFold(std::locale(), [&](auto const & fold) {
+        for (char & c : result) {
+            c = static_cast<char>(fold(c));
+        }
+    });
+    return result;
+}
+
+/** Finds the place of a name among those before it: by walking while they are few, then by an index. */
+class Places
+{
+public:
+    /** Where an equal name stands; the number of names when there is none, and then it is the next one. */
+    std::size_t add(std::string_view name)
+    {
+        if (m_names.size() < few) {
+            for (std::size_t i = 0; i < m_names.size(); ++i) {
+                if (areEqual(m_names[i], name)) {
+                    return i;
+                }
+            }
+            m_names.push_back(name);
+            return m_names.size() - 1;
+        }
+        for (std::size_t i = m_index.size(); i < few; ++i) {
+            m_index.emplace(folded(m_names[i]), i);
+        }
+        return m_index.emplace(folded(name), m_index.size()).first->second;
     }
+
+private:
+    static constexpr std::size_t few = 16;
+
+    std::vector<std::string_view> m_names;                ///< the first few
+    std::unordered_map<std::string, std::size_t> m_index; ///< of all, once they are more
+};
+} // namespace
+
+ZyXMLAttributeReading::ZyXMLAttributeReading(QXmlStreamAttributes const & attributes)
+{
+    int size = 0;
+    for (QXmlStreamAttribute const & attribute : attributes) {
+        size += attribute.name().size() + attribute.value().size() + 2;
+    }
+    m_text.reserve(static_cast<std::size_t>(size));
+    for (QXmlStreamAttribute const & attribute : attributes) {
+        for (QStringRef const & text : {attribute.name(), attribute.value()}) {
+            ZyUtf8::append(m_text, text);
+            m_text += '\0';
+        }
+    }
+}
+
+void ZyXMLAttributeReading::fill(ZyXMLAttributeSet & set) const
+{
+    Places places;
+    for (std::string_view rest = m_text; !rest.empty();) {
+        std::string_view const name = take(rest);
+        ZyString const value{std::string(take(rest))};
+        std::size_t const place = places.add(name);
+        if (place == set.size()) {
+            set.state().attributes.emplace_back(ZyString(std::string(name)), value);
+        } else {
+            set.state().attributes[place].setValue(value);
+        }
+    }
+}
+
+std::string_view ZyXMLAttributeReading::value(std::string_view name) const
+{
+    std::string_view result;
+    for (std::string_view rest = m_text; !rest.empty();) {
+        bool const found = areEqual(take(rest), name);
+        std::string_view const value = take(rest);
+        result = found ? value : result; // the last one counts
+    }
+    return result;
 }

@@ -2,13 +2,15 @@
 // Elements of a stream and the walk over their children, which makes a stream look like a tree.
 #include <ZyXMLStreamElementReader.h>
 
-#include "XML/ZyXMLAttributeSet_p.h"
+#include "Core/ZyString_p.h"
 #include "XML/ZyXMLStreamReader_p.h"
 
 #include <ZyBase64Converter.h>
 #include <ZyException.h>
 #include <ZyThrow.h>
 
+#include <string>
+#include <string_view>
 #include <utility>
 
 namespace
@@ -41,9 +43,8 @@ ZyXMLAttributeSet const & ZyXMLStreamElementReader::attributes() const
 {
     if (!d()->attributes) {
         auto set = std::make_shared<ZyXMLAttributeSet>();
-        ZyXMLAttributeReading::append(*set, d()->parsed);
+        d()->parsed.fill(*set);
         m_d->attributes = ZyXMLAttributeSetPtr(std::move(set));
-        m_d->parsed.clear();
     }
     return *d()->attributes;
 }
@@ -58,7 +59,7 @@ ZyXMLStreamElementReader::StreamChildren & ZyXMLStreamElementReader::children()
 
 bool ZyXMLStreamElementReader::hasAttribute(ZyString const & name) const
 {
-    return attributes().hasAttribute(name);
+    return d()->parsed.value(ZyTextAccess::view(name)).data() != nullptr;
 }
 
 ZyString const & ZyXMLStreamElementReader::name() const
@@ -68,7 +69,11 @@ ZyString const & ZyXMLStreamElementReader::name() const
 
 ZyString ZyXMLStreamElementReader::readAttribute(ZyString const & name) const
 {
-    return attributes().readAttribute(name);
+    std::string_view const value = d()->parsed.value(ZyTextAccess::view(name));
+    if (!value.data()) {
+        throw ZyUnknownXMLAttributeException(name);
+    }
+    return ZyString(std::string(value));
 }
 
 double ZyXMLStreamElementReader::readAttributeBase64(ZyString const & name) const

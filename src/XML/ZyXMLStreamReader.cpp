@@ -237,7 +237,7 @@ bool ZyXMLStreamReader::isValid(std::shared_ptr<ZyXMLStreamElementReader> const 
 ZyXMLAttributeSetPtr ZyXMLStreamReader::attributes() const
 {
     auto set = std::make_shared<ZyXMLAttributeSet>();
-    ZyXMLAttributeReading::append(*set, d()->xml.attributes());
+    ZyXMLAttributeReading(d()->xml.attributes()).fill(*set);
     return ZyXMLAttributeSetPtr(std::move(set));
 }
 

@@ -3,6 +3,7 @@
 // fast road for code of ours that walks a stream.
 #pragma once
 
+#include "XML/ZyXMLAttributeSet_p.h"
 #include "XML/ZyXMLDeviceBridge_p.h"
 
 #include <ZyIODevice.h>
@@ -81,7 +82,7 @@ public:
     explicit Private(ZyXMLStreamReader & from);
 
     ZyXMLStreamReader * reader; ///< never null; looked at while the element is open only
-    QXmlStreamAttributes parsed;
+    ZyXMLAttributeReading parsed;
     ZyXMLAttributeSetPtr attributes; ///< made of the parsed ones when they are first asked for
     ZyString name;
     std::shared_ptr<StreamChildren> children; ///< empty until they are first asked for
