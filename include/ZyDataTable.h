@@ -9,6 +9,7 @@
 #include <ZySharedPtr.h>
 #include <ZyUniquePtr.h>
 #include <ZyVariant.h>
+#include <ZyXMLObject.h>
 
 #include <functional>
 #include <utility>
@@ -242,6 +243,8 @@ public:
     bool operator!=(ZyDataTable const & other) const;
 
 private:
+    friend struct ZyXMLObject<ZyDataTable, void>;
+
     class ZYCORE_PRIVATE Private;
     ZyPrivatePtr<Private> & d() { return m_d; }
     ZyPrivatePtr<Private> const & d() const { return m_d; }
@@ -266,4 +269,25 @@ public:
 
     ZyDeque<ZySharedPtr<ZyDataTableItem>> items;    ///< left to right
     ZyDataTable::ItemType type = ZyDataTable::Data; ///< what the row is
+};
+
+/**
+ * One child "Rows"; in it a "Row" for each row, with header="1" for both kinds of heading rows; in it an
+ * "Item" for each item, with hspan for a column span above 1; in it a "Value" for each value, as
+ * ZyXMLObject<ZyVariant> writes it. Reading takes the number in "header" as the type as it stands.
+ *
+ * \deliberate{sub-header-becomes-header} A SubHeader row comes back as a Header row: the form has one kind of them.
+ *
+ * \deliberate{table-width-stays} The width is not written. A table is read as wide as its widest row, or as the
+ * widest table that the same rule has read before: elements of one path hold tables of one shape.
+ */
+template <>
+struct ZYCORE_EXPORT ZyXMLObject<ZyDataTable, void>
+{
+    static void Write(ZyXMLElementWriter & element,
+                      ZyDataTable const & table);                      ///< puts \a table into \a element
+    static ZySharedPtr<ZyXMLLambdaDefinition<ZyDataTable>> LoadRule(); ///< reads such an element
+
+private:
+    ZYCORE_PRIVATE static void ClearRows(ZyDataTable & table);
 };

@@ -9,6 +9,9 @@
 
 class ZyFilePath;
 class ZyString;
+class ZyTimeDuration;
+class ZyTimePoint;
+class ZyUUID;
 class ZyVariant;
 class ZyXMLElementWriter;
 template <class T>
@@ -81,6 +84,36 @@ struct ZYCORE_EXPORT ZyXMLObject<ZyFilePath, void>
     static void Write(ZyXMLElementWriter & element,
                       ZyFilePath const & value);                      ///< puts \a value into \a element
     static ZySharedPtr<ZyXMLLambdaDefinition<ZyFilePath>> LoadRule(); ///< reads such an element
+};
+
+/** The text of the identifier. */
+template <>
+struct ZYCORE_EXPORT ZyXMLObject<ZyUUID, void>
+{
+    static void Write(ZyXMLElementWriter & element, ZyUUID const & value); ///< puts \a value into \a element
+    static ZySharedPtr<ZyXMLLambdaDefinition<ZyUUID>> LoadRule();          ///< reads such an element
+};
+
+/**
+ * The nanoseconds, as decimal text.
+ * \throws std::invalid_argument from the rule: there are no digits, "invalid stoll argument"
+ * \throws std::out_of_range from the rule: the number does not fit, "stoll argument out of range"
+ */
+template <>
+struct ZYCORE_EXPORT ZyXMLObject<ZyTimeDuration, void>
+{
+    /** Puts \a value into \a element. */
+    static void Write(ZyXMLElementWriter & element, ZyTimeDuration const & value);
+    static ZySharedPtr<ZyXMLLambdaDefinition<ZyTimeDuration>> LoadRule(); ///< reads such an element
+};
+
+/** The duration since the epoch of the clock, which is of use within one run of the system only. */
+template <>
+struct ZYCORE_EXPORT ZyXMLObject<ZyTimePoint, void>
+{
+    /** Puts \a value into \a element. */
+    static void Write(ZyXMLElementWriter & element, ZyTimePoint const & value);
+    static ZySharedPtr<ZyXMLLambdaDefinition<ZyTimePoint>> LoadRule(); ///< reads such an element
 };
 
 /** Two children, "First" and "Second", each with the path as its text. */
