@@ -117,11 +117,17 @@ void ZyXMLFactory::load(ZyXMLStreamReader & reader) const
         ZyThrow::NullPointer(); // behind the end of a document that has been read already
     }
     BuilderVisitor visitor;
-    ZyXMLWalk::Walk<BuilderVisitor>(visitor, d()->index).run(root);
+    ZyXMLWalk::Walk<BuilderVisitor>(visitor, d()->index, root).run();
 }
 
 void ZyXMLFactory::load(ZyFilePath const & file) const
 {
     ZyXMLStreamReader reader(file);
+    load(reader);
+}
+
+void ZyXMLFactory::load(ZyFilePath const & file, ZyFilePath const & schema) const
+{
+    ZyXMLStreamReader reader(file, schema);
     load(reader);
 }

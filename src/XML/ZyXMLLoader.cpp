@@ -92,5 +92,5 @@ void ZyXMLLoader::load(ZyXMLStreamReader & reader)
         throw ZyXMLException("Reader failed to load content");
     }
     RuleVisitor visitor;
-    ZyXMLWalk::Walk<RuleVisitor>(visitor, d()->index).run(root);
+    ZyXMLWalk::Walk<RuleVisitor>(visitor, d()->index, root).run();
 }

@@ -144,7 +144,8 @@ ZyXMLStreamElementReader::StreamChildren::~StreamChildren() = default;
 
 ZyXMLElementReader::Children::Iterator ZyXMLStreamElementReader::StreamChildren::begin()
 {
-    if (d()->begun) {
+    std::shared_ptr<ZyXMLStreamElementReader> const element = d()->element.lock();
+    if (d()->begun || (element && ZyXMLStreamAccess::of(*element).walked)) {
         throw ZyInvalidUseException("Begin called multiple times on a single use iterator");
     }
     d()->begun = true;

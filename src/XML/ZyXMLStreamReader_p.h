@@ -87,12 +87,16 @@ public:
     ZyString name;
     std::shared_ptr<StreamChildren> children; ///< empty until they are first asked for
     std::size_t level = closed;               ///< how many elements stand around this one, while it is open
+    bool walked = false;                      ///< its children are being read without the object for them
 };
 
 /** The fast road: what can be known about a stream without a search and without a string of ours. */
 class ZyXMLStreamAccess
 {
 public:
+    using Stream = ZyXMLStreamReader::Private;         ///< the state of a stream reader
+    using Element = ZyXMLStreamElementReader::Private; ///< the state of an element
+
     static ZyXMLStreamReader::Private & of(ZyXMLStreamReader const & reader) { return *reader.m_d; }
     static ZyXMLStreamElementReader::Private & of(ZyXMLStreamElementReader const & element)
     {

@@ -4,14 +4,21 @@
 #pragma once
 
 #include <ZyException.h>
+#include <ZyString.h>
 #include <ZyXMLStreamElementReader.h>
 #include <ZyXMLStreamReader.h>
 
-#include "XML/ZyXMLPathIndex_p.h"
-
 #include "Core/ZyString_p.h"
+#include "XML/ZyXMLPathIndex_p.h"
+#include "XML/ZyXMLStreamReader_p.h"
 
+#include <QStringRef>
+#include <QXmlStreamReader>
+
+#include <cstddef>
 #include <memory>
+#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -44,6 +51,42 @@ struct Frame
     bool begun = false; ///< the walk has asked for the first child
 };
 
+/** The local name of a tag as UTF-8, mostly without a string of its own. */
+class TagName
+{
+public:
+    explicit TagName(QStringRef const & name)
+    {
+        std::size_t const size = static_cast<std::size_t>(name.size());
+        if (size > sizeof(m_ascii) || !copyAscii(name.data(), size)) {
+            m_other = ZyString(name).toStdString();
+            m_view = m_other;
+        }
+    }
+    TagName(TagName const &) = delete;
+    TagName & operator=(TagName const &) = delete;
+
+    std::string_view view() const { return m_view; }
+
+private:
+    bool copyAscii(QChar const * characters, std::size_t size)
+    {
+        for (std::size_t i = 0; i < size; ++i) {
+            ushort const unit = characters[i].unicode();
+            if (unit > 127) {
+                return false;
+            }
+            m_ascii[i] = static_cast<char>(unit);
+        }
+        m_view = std::string_view(m_ascii, size);
+        return true;
+    }
+
+    char m_ascii[64];
+    std::string_view m_view;
+    std::string m_other;
+};
+
 /**
  * Walks one element. A visitor has
  * - the types Value, of what the index holds, and State, of what it keeps for each open element;
@@ -56,11 +99,16 @@ class Walk
 public:
     using Index = ZyXMLPathIndex<typename Visitor::Value>;
 
-    Walk(Visitor & visitor, Index const & index) : m_visitor(visitor), m_index(index) {}
-
-    void run(std::shared_ptr<ZyXMLStreamElementReader> const & root)
+    /** Walks \a root and what is in it. */
+    Walk(Visitor & visitor, Index const & index, std::shared_ptr<ZyXMLStreamElementReader> const & root)
+        : m_visitor(visitor), m_reader(ZyXMLStreamAccess::reader(*root)),
+          m_stream(ZyXMLStreamAccess::of(m_reader))
     {
-        enter(root, &m_index.top());
+        enter(root, index.top());
+    }
+
+    void run()
+    {
         while (!m_frames.empty()) {
             try {
                 while (!m_frames.empty()) {
@@ -77,10 +125,12 @@ public:
     }
 
 private:
-    void enter(std::shared_ptr<ZyXMLStreamElementReader> element, typename Index::Node const * parent)
+    using Element = std::shared_ptr<ZyXMLStreamElementReader>;
+    using Node = typename Index::Node;
+
+    void enter(Element const & element, Node const & parent)
     {
-        auto const * const node = parent ? parent->child(ZyTextAccess::view(element->name())) : nullptr;
-        m_frames.push_back({std::move(element), node});
+        m_frames.push_back({element, parent.child(ZyTextAccess::view(element->name()))});
     }
     void step(Frame<Visitor> & frame)
     {
@@ -90,11 +140,7 @@ private:
             break;
         case Phase::Children:
         case Phase::Refused:
-            if (std::shared_ptr<ZyXMLStreamElementReader> child = nextChild(frame)) {
-                enter(std::move(child), frame.node);
-            } else {
-                frame.phase = frame.phase == Phase::Children ? Phase::Finish : Phase::Done;
-            }
+            stepChildren(frame);
             break;
         case Phase::Finish:
             m_visitor.finish(frame);
@@ -104,13 +150,89 @@ private:
             m_frames.pop_back();
         }
     }
-    std::shared_ptr<ZyXMLStreamElementReader> nextChild(Frame<Visitor> & frame)
+    /** Enters the next child in which something can be found, or goes on to the next phase. */
+    void stepChildren(Frame<Visitor> & frame)
     {
         if (!frame.begun) {
-            frame.begun = true;
-            return std::static_pointer_cast<ZyXMLStreamElementReader>(*frame.element->children().begin());
+            begin(frame);
+        } else if (ZyXMLStreamAccess::isActive(*frame.element)) {
+            if (!enterKnown(frame)) {
+                end(frame);
+            }
+        } else if (Element const child = frame.element->nextChild()) {
+            enterAny(frame, child); // behind another child that was left half read
+        } else {
+            end(frame);
         }
-        return frame.element->nextChild();
+    }
+    void begin(Frame<Visitor> & frame)
+    {
+        frame.begun = true;
+        ZyXMLStreamAccess::Element & state = ZyXMLStreamAccess::of(*frame.element);
+        if (state.children) { // somebody has asked for them, and may have begun as well
+            if (auto const first = *state.children->begin()) {
+                enterAny(frame, std::static_pointer_cast<ZyXMLStreamElementReader>(first));
+            } else {
+                end(frame);
+            }
+        } else if (ZyXMLStreamAccess::isOpen(*frame.element)) {
+            state.walked = true;
+        } else if (!m_visitor.absorbs(frame, Signal::NullElement)) { // so <v></v> costs no exception
+            throw ZyNullXMLStreamElementException();
+        }
+    }
+    void end(Frame<Visitor> & frame)
+    {
+        frame.phase = frame.phase == Phase::Children ? Phase::Finish : Phase::Done;
+    }
+    void enterAny(Frame<Visitor> & frame, Element const & child)
+    {
+        static Node const nothing;
+        enter(child, frame.node ? *frame.node : nothing);
+    }
+    /**
+     * Enters the next child of the active element that a path of the index leads to or through. The others
+     * are read over without an element of ours. At the end, or where the document is damaged, the element is
+     * closed. \return false: there is none
+     */
+    bool enterKnown(Frame<Visitor> & frame)
+    {
+        Node const * const node = frame.node;
+        if (!node || node->children.empty()) {
+            skip();
+        } else {
+            while (m_stream.xml.readNextStartElement()) {
+                if (Node const * const found = node->child(TagName(m_stream.xml.name()).view())) {
+                    Element const & child = m_stream.push(m_reader);
+                    m_frames.push_back({child, found});
+                    return true;
+                }
+                skip();
+            }
+            m_stream.bridge->check();
+        }
+        m_stream.pop();
+        return false;
+    }
+    /** Reads to the end tag of the tag that the parser is in. An error ends one level after the other. */
+    void skip()
+    {
+        for (std::size_t depth = 1; depth > 0;) {
+            switch (m_stream.xml.readNext()) {
+            case QXmlStreamReader::StartElement:
+                ++depth;
+                break;
+            case QXmlStreamReader::Invalid:
+                m_stream.bridge->check();
+                --depth;
+                break;
+            case QXmlStreamReader::EndElement:
+                --depth;
+                break;
+            default:
+                break;
+            }
+        }
     }
     /** Called while the exception is handled: ends the elements that it passes, or lets it go on. */
     void recover(Signal signal)
@@ -124,7 +246,8 @@ private:
     }
 
     Visitor & m_visitor;
-    Index const & m_index;
+    ZyXMLStreamReader & m_reader;
+    ZyXMLStreamAccess::Stream & m_stream;
     std::vector<Frame<Visitor>> m_frames;
 };
 

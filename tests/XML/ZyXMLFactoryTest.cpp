@@ -285,6 +285,22 @@ TEST_F(ZyXMLFactories, LoadFiles)
     EXPECT_THAT(log, ElementsAre("build b", "done b"));
 }
 
+TEST_F(ZyXMLFactories, LoadFilesThatMatchTheirSchema)
+{
+    ScratchDirectory const scratch;
+    std::string const schema =
+        scratch.write("a.xsd", "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema'><xs:element name='a'>"
+                               "<xs:complexType><xs:sequence><xs:element name='b'/></xs:sequence>"
+                               "</xs:complexType></xs:element></xs:schema>");
+    add("a/b");
+    factory.load(ZyFilePath(scratch.write("good.xml", "<a><b/></a>")), ZyFilePath(schema));
+    EXPECT_THAT(log, ElementsAre("build b", "done b"));
+    log.clear();
+    EXPECT_THROW(factory.load(ZyFilePath(scratch.write("bad.xml", "<a><c/></a>")), ZyFilePath(schema)),
+                 ZyInvalidXMLException);
+    EXPECT_THAT(log, IsEmpty());
+}
+
 namespace
 {
 class Widget : public Thing

@@ -225,6 +225,51 @@ TEST_F(ZyXMLLoaders, LetAnElementGoWhoseChildrenWereAskedForBeforeItClosed)
     EXPECT_ZY_THROW(loaded("<r><a></a></r>"), ZyInvalidXMLOperation, "NextChild on closed element called");
 }
 
+TEST_F(ZyXMLLoaders, GoOnBehindChildrenThatWereAskedForOnly)
+{
+    add("r/a", [](ZyXMLRule &, ZyXMLElementReader & element) { element.children(); });
+    add("r/a/b");
+    EXPECT_THAT(loaded("<r><a><x/><b/></a><a/></r>"),
+                ElementsAre("start a", "start b", "finish r/a/b", "finish r/a", "start a", "finish r/a"));
+}
+
+TEST_F(ZyXMLLoaders, WalkTheChildrenOfAnElementAlone)
+{
+    ZyXMLElementReader * outer = nullptr;
+    add("r/a", [&](ZyXMLRule &, ZyXMLElementReader & element) { outer = &element; });
+    add("r/a/b", [&](ZyXMLRule &, ZyXMLElementReader &) {
+        EXPECT_ZY_THROW(outer->children().begin(), ZyInvalidUseException,
+                        "Begin called multiple times on a single use iterator");
+    });
+    EXPECT_THAT(loaded("<r><a><b/></a></r>"),
+                ElementsAre("start a", "start b", "finish r/a/b", "finish r/a"));
+}
+
+TEST_F(ZyXMLLoaders, GoOnBehindAChildThatWasLeftHalfRead)
+{
+    ZyStringDevice device("<r><a><x><y/></x><b/></a><c/></r>");
+    ZyXMLStreamReader reader(device);
+    add("r/a", [&](ZyXMLRule &, ZyXMLElementReader &) { reader.nextElement(); }); // into x
+    add("r/a/b");
+    add("r/c");
+    log.clear();
+    loader->load(reader);
+    EXPECT_THAT(log,
+                ElementsAre("start a", "start b", "finish r/a/b", "finish r/a", "start c", "finish r/c"));
+}
+
+TEST_F(ZyXMLLoaders, LetAnElementGoThatWasClosedByAChild)
+{
+    ZyStringDevice device("<r><a><b/></a><c/></r>");
+    ZyXMLStreamReader reader(device);
+    add("r/a");
+    add("r/a/b", [&](ZyXMLRule &, ZyXMLElementReader &) {
+        while (reader.next() != ZyXMLStreamReader::StartElement) {
+        }
+    });
+    EXPECT_ZY_THROW(loader->load(reader), ZyInvalidXMLOperation, "NextChild on closed element called");
+}
+
 TEST_F(ZyXMLLoaders, WalkChildrenAfterText)
 {
     add("a", readText);
