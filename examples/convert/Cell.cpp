@@ -36,8 +36,10 @@ CellKind kindOf(ZyVariant const & value)
         return CellKind::Decimal;
     case ZyVariant::String:
         return value.asString().isEmpty() ? CellKind::Empty : CellKind::Text;
-    default:
+    case ZyVariant::Null:
         return CellKind::Empty;
+    default:
+        return CellKind::Text;
     }
 }
 
@@ -56,6 +58,11 @@ bool isRounded(ZyVariant const & value)
     return value.type() == ZyVariant::Double && value.toString().toDouble() != value.asDouble();
 }
 
+bool isIdentical(ZyVariant const & a, ZyVariant const & b)
+{
+    return a.type() == b.type() && exactText(a).equal(exactText(b), ZyComparableString::CaseSensitive);
+}
+
 bool isSame(ZyVariant const & a, ZyVariant const & b)
 {
     CellKind const kind = kindOf(a);
@@ -65,7 +72,7 @@ bool isSame(ZyVariant const & a, ZyVariant const & b)
     if (kind != kindOf(b)) {
         return false;
     }
-    return kind == CellKind::Empty || a.asString().equal(b.asString(), ZyComparableString::CaseSensitive);
+    return kind == CellKind::Empty || isIdentical(a, b);
 }
 
 bool isLess(ZyVariant const & a, ZyVariant const & b)
@@ -79,7 +86,7 @@ bool isLess(ZyVariant const & a, ZyVariant const & b)
     case 0:
         return number(a) < number(b);
     case 1:
-        return a.asString() < b.asString();
+        return exactText(a) < exactText(b);
     default:
         return false;
     }

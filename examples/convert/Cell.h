@@ -5,7 +5,7 @@
 #include <ZyString.h>
 #include <ZyVariant.h>
 
-/** The kinds of value that a table read from text can hold. */
+/** What a value is to this program. Kinds that no text can bring count by their texts. */
 enum class CellKind { Empty, Integer, Decimal, Text };
 
 CellKind kindOf(ZyVariant const & value);
@@ -16,6 +16,9 @@ ZyString exactText(ZyVariant const & value);
 
 /** Whether the library's text of the value, which is what a sheet shows, has fewer digits than the value. */
 bool isRounded(ZyVariant const & value);
+
+/** The same kind of value, and the same value to the last letter and digit. */
+bool isIdentical(ZyVariant const & a, ZyVariant const & b);
 
 /** Numbers by value, whatever kind they are; texts letter for letter. */
 bool isSame(ZyVariant const & a, ZyVariant const & b);

@@ -4,6 +4,7 @@
 #include "Options.h"
 
 #include "ConvertError.h"
+#include "DataTableFile.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>
@@ -41,10 +42,12 @@ struct Switches
 void describe(QCommandLineParser & parser, Switches const & switches)
 {
     parser.setApplicationDescription(QStringLiteral(
-        "Converts comma-separated text into tables: .xlsx (workbook), .xml (SpreadsheetML 2003), .csv."));
+        "Converts comma-separated text into tables: .xlsx (workbook), .xml (SpreadsheetML 2003), .zyt.xml "
+        "(rich table, which can be read as well), .csv."));
     parser.addOptions({switches.help, switches.version, switches.text, switches.header, switches.sheet,
                        switches.sort, switches.group, switches.quiet});
-    parser.addPositionalArgument(QStringLiteral("INPUT.csv"), QStringLiteral("The text to read."));
+    parser.addPositionalArgument(QStringLiteral("INPUT"),
+                                 QStringLiteral("The text to read, or a .zyt.xml file."));
     parser.addPositionalArgument(QStringLiteral("OUTPUT..."),
                                  QStringLiteral("The files to write; the extension tells the kind."),
                                  QStringLiteral("OUTPUT..."));
@@ -110,6 +113,10 @@ Options takeOptions(QCommandLineParser const & parser, Switches const & switches
     }
     Options options;
     options.input = files.takeFirst();
+    if (isDataTableFile(options.input) && (parser.isSet(switches.header) || parser.isSet(switches.text))) {
+        throw ConvertError::Usage(
+            QStringLiteral("--header and --text are for text; a .zyt.xml file tells these things itself"));
+    }
     options.outputs = files;
     options.typed = !parser.isSet(switches.text);
     options.headingRows = headingRows(parser.value(switches.header));
@@ -126,6 +133,9 @@ Options takeOptions(QCommandLineParser const & parser, Switches const & switches
 
 OutputKind outputKind(QString const & file)
 {
+    if (isDataTableFile(file)) {
+        return OutputKind::DataTable;
+    }
     QString const extension = QFileInfo(file).suffix().toLower();
     if (extension == QStringLiteral("xlsx")) {
         return OutputKind::Workbook;
@@ -137,13 +147,15 @@ OutputKind outputKind(QString const & file)
         return OutputKind::Csv;
     }
     throw ConvertError::Usage(
-        QStringLiteral("the kind of \"%1\" is not known: name it .xlsx, .xml or .csv").arg(file));
+        QStringLiteral("the kind of \"%1\" is not known: name it .xlsx, .xml, .zyt.xml or .csv").arg(file));
 }
 
 bool writesSheet(Options const & options)
 {
-    return std::any_of(options.outputs.begin(), options.outputs.end(),
-                       [](QString const & output) { return outputKind(output) != OutputKind::Csv; });
+    return std::any_of(options.outputs.begin(), options.outputs.end(), [](QString const & output) {
+        OutputKind const kind = outputKind(output);
+        return kind == OutputKind::Workbook || kind == OutputKind::XmlSheet;
+    });
 }
 
 std::optional<Options> parseOptions(QStringList const & arguments)

@@ -21,7 +21,7 @@ struct Options
 };
 
 /** The kinds of file that can be written. */
-enum class OutputKind { Workbook, XmlSheet, Csv };
+enum class OutputKind { Workbook, XmlSheet, DataTable, Csv };
 
 /** The kind that the extension of a file name tells. \throws ConvertError it tells none */
 OutputKind outputKind(QString const & file);

@@ -11,12 +11,14 @@
 #include "Reading.h"
 
 #include "ConvertError.h"
+#include "DataTableFile.h"
 
 #include <ZyCSVFile.h>
 #include <ZyStringDevice.h>
 
 #include <QFile>
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 #include <string_view>
@@ -112,9 +114,7 @@ bool isOddNumber(ZyVariant const & cell)
     return cell.type() == ZyVariant::Double && !std::isfinite(cell.asDouble());
 }
 
-} // namespace
-
-ZyVariantTable readTable(QString const & file, TextFacts const & facts, bool typed)
+ZyVariantTable readText(QString const & file, TextFacts const & facts, bool typed)
 {
     ZyVariantTable table = read(file, facts, typed);
     bool odd = false;
@@ -130,4 +130,83 @@ ZyVariantTable readTable(QString const & file, TextFacts const & facts, bool typ
         });
     }
     return table;
+}
+
+unsigned int heightOf(ZyDataTableRow const & row)
+{
+    unsigned int height = 0;
+    for (ZySharedPtr<ZyDataTableItem> const & item : row.items.std_deque()) {
+        height = std::max(height, item->numberValues());
+    }
+    return height;
+}
+
+void spread(ZyDataTableRow const & row, unsigned int first, unsigned int height, ZyVariantTable & table)
+{
+    unsigned int column = 0;
+    for (ZySharedPtr<ZyDataTableItem> const & item : row.items.std_deque()) {
+        auto const & values = item->values().std_deque();
+        for (unsigned int line = 0; line < height; ++line) {
+            if (values.size() == 1 || line < values.size()) {
+                table.at(first + line, column) = values[values.size() == 1 ? 0 : line];
+            }
+        }
+        column += item->columnSpan();
+    }
+}
+
+ZyVariantTable flat(ZyDataTable const & rich)
+{
+    ZyVariantTable table(rich.numberSpreadsheetRows(), rich.numberColumns(), ZyVariant(ZyString()));
+    unsigned int first = 0;
+    for (ZySharedPtr<ZyDataTableRow> const & row : rich.rows().std_deque()) {
+        unsigned int const height = heightOf(*row);
+        spread(*row, first, height, table);
+        first += height;
+    }
+    return table;
+}
+
+unsigned int leadingHeadings(ZyDataTable const & rich)
+{
+    unsigned int rows = 0;
+    for (ZySharedPtr<ZyDataTableRow> const & row : rich.rows().std_deque()) {
+        if (row->type == ZyDataTable::Data) {
+            break;
+        }
+        rows += heightOf(*row);
+    }
+    return rows;
+}
+
+Input readRich(Options const & options)
+{
+    Input input;
+    input.facts = checkDataTable(options.input);
+    checkSize(options.input, input.facts, writesSheet(options));
+    try {
+        input.asStored = readDataTable(options.input);
+    } catch (ZyException const & failure) {
+        throw ConvertError::File(options.input, failure.message().toQString());
+    }
+    input.table = flat(*input.asStored);
+    input.headingRows = leadingHeadings(*input.asStored);
+    return input;
+}
+
+Input readPlainInput(Options const & options)
+{
+    Input input;
+    input.facts = checkText(options.input);
+    checkSize(options.input, input.facts, writesSheet(options));
+    input.table = readText(options.input, input.facts, options.typed);
+    input.headingRows = options.headingRows;
+    return input;
+}
+
+} // namespace
+
+Input readInput(Options const & options)
+{
+    return isDataTableFile(options.input) ? readRich(options) : readPlainInput(options);
 }

@@ -54,9 +54,12 @@ private:
 
 } // namespace
 
-ShapedTable::ShapedTable(ZyVariantTable const & table, Options const & options)
-    : m_table(table), m_headings(options.headingRows), m_order(table.numberRows())
+ShapedTable::ShapedTable(Input const & input, Options const & options)
+    : m_table(input.table),
+      m_stored(input.asStored && !options.sortBy && !options.groupBy ? &*input.asStored : nullptr),
+      m_headings(options.headingRows), m_order(input.table.numberRows())
 {
+    ZyVariantTable const & table = input.table;
     if (m_headings > table.numberRows()) {
         throw ConvertError::Line(
             options.input, table.numberRows(),
@@ -109,8 +112,24 @@ ZyDataTable ShapedTable::group(unsigned int first, unsigned int last) const
 
 void ShapedTable::forEachGroup(std::function<void(ZyDataTable const &, unsigned int)> const & visit) const
 {
+    if (m_stored != nullptr) {
+        forEachStored(*m_stored, visit);
+        return;
+    }
     for (unsigned int first = 0, last = 0; first < numberRows(); first = last) {
         last = groupEnd(first);
         visit(group(first, last), first);
+    }
+}
+
+void ShapedTable::forEachStored(ZyDataTable const & stored,
+                                std::function<void(ZyDataTable const &, unsigned int)> const & visit) const
+{
+    unsigned int first = 0;
+    for (ZySharedPtr<ZyDataTableRow> const & row : stored.rows().std_deque()) {
+        ZyDataTable one;
+        one.addRow(ZyDataTableRow(*row));
+        visit(one, first);
+        first += one.numberSpreadsheetRows();
     }
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Options.h"
+#include "Reading.h"
 
 #include <ZyDataTable.h>
 #include <ZyVariantTable.h>
@@ -22,10 +23,10 @@ class ShapedTable
 {
 public:
     /**
-     * \param table outlives this object
+     * \param input outlives this object
      * \throws ConvertError there are fewer rows than heading rows, or a column that is not there
      */
-    ShapedTable(ZyVariantTable const & table, Options const & options);
+    ShapedTable(Input const & input, Options const & options);
 
     unsigned int numberRows() const { return m_table.numberRows(); }
     unsigned int numberColumns() const { return m_table.numberColumns(); }
@@ -39,7 +40,8 @@ public:
      * begins.
      *
      * In a group the grouping column has one value in a tall cell, and each other cell the values of all its
-     * rows. A row that belongs to no group is a group of its own.
+     * rows. A row that belongs to no group is a group of its own. A rich table that is neither sorted nor
+     * grouped keeps the rows it was stored with.
      */
     void
     forEachGroup(std::function<void(ZyDataTable const & group, unsigned int firstRow)> const & visit) const;
@@ -49,7 +51,12 @@ private:
     unsigned int groupEnd(unsigned int first) const;
     ZyDataTable group(unsigned int first, unsigned int last) const;
 
+    void
+    forEachStored(ZyDataTable const & stored,
+                  std::function<void(ZyDataTable const & group, unsigned int firstRow)> const & visit) const;
+
     ZyVariantTable const & m_table;
+    ZyDataTable const * m_stored; ///< what to write instead of groups of the table; null: nothing
     unsigned int m_headings;
     std::optional<unsigned int> m_groupColumn;
     std::vector<unsigned int> m_order; ///< rows of the table from top to bottom

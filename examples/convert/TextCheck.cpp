@@ -205,7 +205,9 @@ private:
     unsigned long long m_quoteProblemLine = 0;
 };
 
-void openForReading(QFile & file, QString const & name)
+} // namespace
+
+void openInput(QFile & file, QString const & name)
 {
     QFileInfo const info(name);
     if (!info.exists()) {
@@ -222,12 +224,10 @@ void openForReading(QFile & file, QString const & name)
     }
 }
 
-} // namespace
-
 TextFacts checkText(QString const & name)
 {
     QFile file(name);
-    openForReading(file, name);
+    openInput(file, name);
     constexpr std::string_view mark = "\xEF\xBB\xBF";
     Scanner scanner(name);
     std::string block(1U << 18, '\0');

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+class QFile;
+
 /** A largest number and where it stands. */
 struct Extreme
 {
@@ -22,6 +24,9 @@ struct TextFacts
     Extreme fields;              ///< most fields in a line
     Extreme fieldLength;         ///< longest field, in characters as spreadsheets count them (UTF-16)
 };
+
+/** Opens the input for reading. \throws ConvertError there is no such file, or none that can be read */
+void openInput(QFile & file, QString const & name);
 
 /**
  * Reads a file once and looks at every byte; needs no memory to speak of.

@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The three writers, each followed by a look at what has arrived on the disk.
+// The writers, each followed by a look at what has arrived on the disk.
 
 #include "Writing.h"
 
 #include "Cell.h"
 #include "ConvertError.h"
+#include "CountedFile.h"
+#include "DataTableFile.h"
 #include "PendingFile.h"
 #include "Terminal.h"
 
 #include <ZyCSVWriter.h>
-#include <ZyFile.h>
 #include <ZyOOXMLWriter.h>
 #include <ZyOOXMLWriterSpreadsheet.h>
 #include <ZyXMLSpreadsheetWriter.h>
@@ -25,24 +26,6 @@
 
 namespace
 {
-
-/** A file that counts what it was given, since a disk that fills up shows in the size of the file alone. */
-class CountedFile : public ZyFile
-{
-public:
-    explicit CountedFile(ZyFilePath const & path) : ZyFile(path) { open(ZyIODevice::Write); }
-    unsigned long long written() const { return m_written; }
-
-protected:
-    unsigned int onWrite(ZyString const & text) override
-    {
-        m_written += text.size();
-        return ZyFile::onWrite(text);
-    }
-
-private:
-    unsigned long long m_written = 0;
-};
 
 /** Reports the rows of one output, and lets an interruption through. */
 class RowCounter
@@ -237,6 +220,32 @@ void writeCsv(PendingFile const & file, ShapedTable const & table, ProgressBar &
     file.checkSize(device.written());
 }
 
+ZyDataTable wholeTable(ShapedTable const & table, ProgressBar & progress)
+{
+    RowCounter counter(progress);
+    ZyDataTable whole;
+    table.forEachGroup([&](ZyDataTable const & group, unsigned int firstRow) {
+        counter.enter(firstRow);
+        for (ZySharedPtr<ZyDataTableRow> const & row : group.rows().std_deque()) {
+            whole.addRow(ZyDataTableRow(*row));
+        }
+    });
+    return whole;
+}
+
+// Readers of the form drop blanks at the ends of a text, so that the file is read again before it counts.
+void writeTableFile(PendingFile const & file, ShapedTable const & table, ProgressBar & progress)
+{
+    ZyDataTable const whole = wholeTable(table, progress);
+    file.checkSize(writeDataTable(file.path(), whole));
+    QString const place = firstDifference(whole, readDataTable(file.temporary()));
+    if (!place.isEmpty()) {
+        throw ConvertError::File(
+            file.target(),
+            QStringLiteral("%1: a text with blanks at its ends would not come back as it is").arg(place));
+    }
+}
+
 void write(PendingFile const & file, ShapedTable const & table, Options const & options,
            ProgressBar & progress)
 {
@@ -246,6 +255,9 @@ void write(PendingFile const & file, ShapedTable const & table, Options const & 
         break;
     case OutputKind::XmlSheet:
         writeXmlSheet(file, table, progress);
+        break;
+    case OutputKind::DataTable:
+        writeTableFile(file, table, progress);
         break;
     case OutputKind::Csv:
         writeCsv(file, table, progress);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// zyconvert: turns comma-separated text into workbooks, XML sheets and clean comma-separated text.
+// zyconvert: turns comma-separated text and rich tables into workbooks, XML sheets, rich tables and clean
+// comma-separated text.
 
 #include "ConvertError.h"
 #include "Options.h"
@@ -7,7 +8,6 @@
 #include "Shaping.h"
 #include "Summary.h"
 #include "Terminal.h"
-#include "TextCheck.h"
 #include "Writing.h"
 
 #include <QCoreApplication>
@@ -21,21 +21,20 @@
 namespace
 {
 
-void convert(Options const & options)
+void convert(Options options)
 {
     QElapsedTimer timer;
     timer.start();
     ProgressBar progress(!options.quiet && errorsGoToTerminal());
 
     progress.begin(options.input, 1);
-    TextFacts const facts = checkText(options.input);
-    checkSize(options.input, facts, writesSheet(options));
-    ZyVariantTable const table = readTable(options.input, facts, options.typed);
-    writeOutputs(ShapedTable(table, options), options, progress);
+    Input const input = readInput(options);
+    options.headingRows = input.headingRows;
+    writeOutputs(ShapedTable(input, options), options, progress);
 
     progress.wipe();
     if (!options.quiet) {
-        printSummary(options, facts, table, double(timer.elapsed()) / 1000.0);
+        printSummary(options, input.facts, input.table, double(timer.elapsed()) / 1000.0);
     }
 }
 

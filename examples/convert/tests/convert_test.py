@@ -4,6 +4,7 @@
 
 convert_test.py PROGRAM [CLASS...]
 """
+import base64
 import csv
 import os
 import pathlib
@@ -12,6 +13,7 @@ import re
 import resource
 import shutil
 import signal
+import struct
 import subprocess
 import sys
 import tempfile
@@ -107,9 +109,9 @@ class Arguments(Converting):
 
     def test_unknown_kind(self):
         self.write('in.csv', 'a\n')
-        self.fail_with('zyconvert: the kind of "out.pdf" is not known: name it .xlsx, .xml or .csv', 'in.csv',
+        self.fail_with('zyconvert: the kind of "out.pdf" is not known: name it .xlsx, .xml, .zyt.xml or .csv', 'in.csv',
                        'ok.csv', 'out.pdf')
-        self.fail_with('zyconvert: the kind of "out" is not known: name it .xlsx, .xml or .csv', 'in.csv', 'out')
+        self.fail_with('zyconvert: the kind of "out" is not known: name it .xlsx, .xml, .zyt.xml or .csv', 'in.csv', 'out')
 
     def test_kind_in_capitals(self):
         self.write('in.csv', 'a\n')
@@ -433,6 +435,111 @@ class XmlSheet(Converting):
         self.convert('--quiet', '--header', '1', '--group', '1', 'in.csv', 'out.xml')
         self.assertEqual(by_office(self, 'out.xml'), OFFICE_ROWS)
         self.assertEqual(merges_by_office(self, 'out.xml'), ['A2:A3'])
+
+
+class RichTable(Converting):
+    CSV = 'Name,Age,Height\nAda,36,1.5\nAda,37,\n"x, ""y""",-1,0.1\n'
+
+    def element(self, name):
+        """The rows as lists of (attributes, [(kind, text)])."""
+        root = ElementTree.parse(self.directory / name).getroot()
+        self.assertEqual(root.tag, 'DataTable')
+        space = '{http://schemas.zycore.example/schemas/application/zytypes/}'
+        rows = root.find(space + 'Rows')
+        self.assertEqual([child.tag for child in root], [space + 'Rows'])
+        return [(row.attrib, [(item.attrib, [(value[0].tag[len(space):], value[0].text or '') for value in item])
+                              for item in row]) for row in rows]
+
+    def test_what_is_written(self):
+        self.write('in.csv', self.CSV)
+        self.convert('--header', '1', 'in.csv', 'out.zyt.xml')
+        double = lambda number: base64.b64encode(struct.pack('<d', number)).decode()
+        self.assertEqual(self.element('out.zyt.xml'), [
+            ({'header': '1'}, [({}, [('String', 'Name')]), ({}, [('String', 'Age')]), ({}, [('String', 'Height')])]),
+            ({}, [({}, [('String', 'Ada')]), ({}, [('Integer', '36')]), ({}, [('Double', double(1.5))])]),
+            ({}, [({}, [('String', 'Ada')]), ({}, [('Integer', '37')]), ({}, [('String', '')])]),
+            ({}, [({}, [('String', 'x, "y"')]), ({}, [('Integer', '-1')]), ({}, [('Double', double(0.1))])])])
+
+    def test_round_trip_to_the_byte(self):
+        self.write('in.csv', self.CSV)
+        for options in ((), ('--group', '1')):
+            self.convert('--header', '1', *options, 'in.csv', 'a.zyt.xml', 'a.csv')
+            self.convert('a.zyt.xml', 'B.ZYT.XML', 'b.csv')
+            self.assertEqual(self.read('a.zyt.xml'), self.read('B.ZYT.XML'))
+            self.assertEqual(self.read('a.csv'), self.read('b.csv'))
+
+    def test_real_file_round_trip(self):
+        self.convert('--header', '1', str(DATA), 'a.zyt.xml', 'a.csv')
+        self.convert('a.zyt.xml', 'b.zyt.xml', 'b.csv')
+        self.assertEqual(self.read('a.zyt.xml'), self.read('b.zyt.xml'))
+        self.assertEqual(self.read('a.csv'), self.read('b.csv'))
+
+    def test_tall_cells_stay_tall(self):
+        self.write('in.csv', self.CSV)
+        self.convert('--header', '1', '--group', 'Name', 'in.csv', 'a.zyt.xml', 'a.xlsx')
+        self.assertEqual([len(row[1][0][1]) for row in self.element('a.zyt.xml')], [1, 1, 1])
+        self.assertEqual([len(row[1][1][1]) for row in self.element('a.zyt.xml')], [1, 2, 1])
+        self.convert('a.zyt.xml', 'b.xlsx')
+        merges = [[str(merge) for merge in self.workbook(name).active.merged_cells.ranges]
+                  for name in ('a.xlsx', 'b.xlsx')]
+        self.assertEqual(merges, [['A2:A3'], ['A2:A3']])
+
+    def test_sorting_and_grouping_take_it_apart(self):
+        self.write('in.csv', 'K,V\nb,1\nb,2\na,3\n')
+        self.convert('--header', '1', '--group', 'K', 'in.csv', 'a.zyt.xml')
+        self.convert('--sort', 'V', 'a.zyt.xml', 'b.csv')
+        self.assertEqual(self.read('b.csv'), b'K,V\r\nb,1\r\nb,2\r\na,3\r\n')
+        self.convert('--sort', 'K', 'a.zyt.xml', 'c.csv')
+        self.assertEqual(self.read('c.csv'), b'K,V\r\na,3\r\nb,1\r\nb,2\r\n')
+
+    def test_kinds_that_text_has_not(self):
+        self.write('in.zyt.xml', '<DataTable><Rows><Row header="2"><Item hspan="2"><Value><Boolean>TRUE</Boolean></Value>'
+                   '</Item></Row><Row><Item><Value><Size>4294967295</Size></Value></Item><Item><Value/></Item></Row>'
+                   '<Row><Item><Value><FilePath>a/b</FilePath></Value></Item></Row></Rows></DataTable>')
+        self.convert('in.zyt.xml', 'out.csv')
+        self.assertEqual(self.read('out.csv'), b'true,\r\n4294967295,\r\na\\b,\r\n')
+        self.convert('in.zyt.xml', 'a.zyt.xml')
+        self.convert('a.zyt.xml', 'b.zyt.xml')
+        self.assertEqual(self.read('a.zyt.xml'), self.read('b.zyt.xml'))
+
+    def test_blanks_at_the_ends_of_a_text(self):
+        self.write('in.csv', 'a,"b "\n')
+        self.fail_with('out.zyt.xml: row 1, cell 2: a text with blanks at its ends would not come back as it is',
+                       '--quiet', 'in.csv', 'out.zyt.xml')
+
+    def test_options_for_text(self):
+        self.write('in.zyt.xml', '<DataTable/>')
+        for option in (('--text',), ('--header', '1')):
+            self.fail_with('zyconvert: --header and --text are for text; a .zyt.xml file tells these things itself',
+                           *option, 'in.zyt.xml', 'out.csv')
+
+    def test_bad_files(self):
+        for text, complaint in (
+                ('', ':1: Premature end of document.'),
+                ('<DataTable/>', ': has no rows'),
+                ('<Table/>', ':1: an element "Table" where "DataTable" is expected'),
+                ('<DataTable>\n<Rows><Cell/></Rows></DataTable>', ':2: an element "Cell" where "Row" is expected'),
+                ('<DataTable><Rows>\n\n<Row><Item></Row>', ':3: Opening and ending tag mismatch.'),
+                ('<DataTable><Rows><Row><Item hspan="0"/></Row></Rows></DataTable>',
+                 ':1: hspan="0": a number from 1 to 1000000 is expected'),
+                ('<DataTable><Rows><Row header="3"/></Rows></DataTable>',
+                 ':1: header="3": a number from 0 to 2 is expected'),
+                ('<DataTable><Rows>\n<Row><Item><Value><Integer>x</Integer></Value></Item></Row></Rows></DataTable>',
+                 ':2: "x" is no integer of 32 bits'),
+                ('<DataTable><Rows><Row><Item><Value><Double>1.5</Double></Value></Item></Row></Rows></DataTable>',
+                 ':1: "1.5" is not the Base64 form of a number'),
+                ('<DataTable><Rows><Row><Item><Value><String><b/></String></Value></Item></Row></Rows></DataTable>',
+                 ':1: an element "b" inside a value'),
+                ('<DataTable>x</DataTable>', ':1: text outside of a value'),
+                ('<!DOCTYPE DataTable><DataTable/>', ':1: a document type, which such a file does not have'),
+        ):
+            self.write('in.zyt.xml', text)
+            self.fail_with('in.zyt.xml' + complaint, 'in.zyt.xml', 'out.csv')
+
+    def test_too_wide_for_a_sheet(self):
+        self.write('in.zyt.xml', '<DataTable><Rows><Row><Item hspan="16385"><Value/></Item></Row></Rows></DataTable>')
+        self.fail_with('in.zyt.xml:1: 16385 fields, more than the 16384 columns of a sheet', 'in.zyt.xml', 'out.xlsx')
+        self.convert('--quiet', 'in.zyt.xml', 'out.csv')
 
 
 class BadInput(Converting):
