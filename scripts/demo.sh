@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: BSD-3-Clause
-# Installs what is missing, builds the converter and turns a real CSV file into three kinds of table.
+# Installs what is missing, builds the example hosts, turns a real CSV file into four kinds of table, and
+# changes a document of limits.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -9,17 +10,29 @@ scripts/install-dependencies.sh demo
 
 echo "Building in build/release"
 cmake --preset release "${configure_options[@]}" --log-level=WARNING
-cmake --build build/release --parallel "$jobs" --target zyconvert
+cmake --build build/release --parallel "$jobs" --target zyconvert zylimits
 
 input=examples/convert/data/co2-mm-mlo.csv
 mkdir -p out
 echo "Converting $input: monthly carbon dioxide at Mauna Loa since 1958"
-build/release/examples/convert/zyconvert --header 1 --sheet CO2 "$input" out/co2.xlsx out/co2.xml out/co2.csv
+build/release/examples/convert/zyconvert --header 1 --sheet CO2 "$input" out/co2.xlsx out/co2.xml out/co2.zyt.xml \
+    out/co2.csv
+
+limits=examples/limits/data
+echo
+echo "Checking $limits/limits.xml against its schema, reading it by rules, changing a limit"
+build/release/examples/limits/zylimits "$limits/limits.xml" out/limits.xml --schema "$limits/limits.xsd" \
+    --set "Output offset=-20"
+echo "The same held in memory, which keeps the comment"
+build/release/examples/limits/zylimits --dom "$limits/limits.xml" out/limits-dom.xml --set "Output offset=-20"
 
 cat <<END
 
 Open:
-  $PWD/out/co2.xlsx   workbook for any spreadsheet program
-  $PWD/out/co2.xml    the same as a single XML file (SpreadsheetML 2003)
-  $PWD/out/co2.csv    the same as comma-separated text
+  $PWD/out/co2.xlsx         workbook for any spreadsheet program
+  $PWD/out/co2.xml          the same as a single XML file (SpreadsheetML 2003)
+  $PWD/out/co2.csv          the same as comma-separated text
+  $PWD/out/co2.zyt.xml      the same as a rich table, which zyconvert reads again
+  $PWD/out/limits.xml       the limits, written anew
+  $PWD/out/limits-dom.xml   the limits, changed where they stand
 END
