@@ -75,7 +75,7 @@ void ZyXMLStreamReader::Private::MyIODevice::check()
 /**
  * Asks for one byte less than there is room for, as for a C text, and passes on the size of what has come.
  *
- * Of fewer bytes than a character may have Qt makes no character, and takes that for the end: such a piece is
+ * Of a few bytes Qt may be able to make no character, and would take that for the end: such a piece is
  * filled up. When the device fails meanwhile, what has come goes first.
  *
  * \deliberate{bridge-cuts-at-nul} What stands behind a NUL is lost: Qt sees NULs in its place.
@@ -89,7 +89,7 @@ qint64 ZyXMLStreamReader::Private::MyIODevice::readData(char * data, qint64 maxS
         m_failure = std::exchange(m_later, nullptr);
         return -1;
     }
-    constexpr std::size_t longest = 4;
+    constexpr std::size_t longest = 8; // a byte order mark and a character
     std::size_t size = 0;
     try {
         bool more = true;
