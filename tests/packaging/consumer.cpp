@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What a first program of someone else would do: text, a container, a table that becomes a workbook, and an
-// exception across the library's border.
+// What a first program of someone else would do: text, a container, a table that becomes a workbook, a type of its own
+// in XML, and an exception across the library's border.
+#include "binding.h"
+
 #include <ZyCore.h>
 #include <keelbase/Keelbase.h>
 
@@ -16,6 +18,10 @@ try {
         table.addRow(ZyDeque<ZyDataTableItem>{ZyVariant(word), ZyVariant(word.size())}, ZyDataTable::Data);
     }
     table.writeOOXML(ZyFilePath("words.xlsx"));
+    if (!bindsItsOwnType()) {
+        std::cerr << "The own type did not come back\n";
+        return 3;
+    }
     std::cout << ZyFileSystem::FileSize(ZyFilePath("words.xlsx")) << " bytes\n"
               << words.find("diode").c_str();
     return 1;
