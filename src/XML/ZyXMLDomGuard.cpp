@@ -155,7 +155,7 @@ bool hasAsciiMarkup(std::string_view document)
 /** The declarations of element contents are read by recursion on their parentheses. */
 bool hasDeepDeclaration(QString const & document)
 {
-    constexpr QLatin1String declaration("<!ELEMENT");
+    QLatin1String const declaration("<!ELEMENT");
     for (int at = document.indexOf(declaration); at != -1; at = document.indexOf(declaration, at)) {
         at += declaration.size();
         int depth = 0;
