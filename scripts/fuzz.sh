@@ -18,7 +18,7 @@ if [ "${1:-}" = --seconds ]; then
     seconds=$2
     shift 2
 fi
-all=(base64 csv path zip xmlreader)
+all=(base64 csv path zip xmlreader xmlloader xmldom)
 targets=("$@")
 [ $# -gt 0 ] || targets=("${all[@]}")
 
@@ -29,7 +29,9 @@ settings() {
     csv) runs=30000 length=512 ;;
     path) runs=30000 length=256 ;;
     zip) runs=4000 length=4096 ;;
-    xmlreader) runs=8000 length=1024 ;;
+    xmlreader) runs=6000 length=1024 ;;
+    xmlloader) runs=4000 length=1024 ;;
+    xmldom) runs=8000 length=1024 ;;
     *)
         echo "No such target: $1 (there are: ${all[*]})" >&2
         return 2
