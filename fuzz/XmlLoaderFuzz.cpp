@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // The loader with the standard bindings: the input is a document whose root is "R" and whose elements below
 // are named after the types. What was read is written and read again, until nothing changes any more.
+#include <ZyDateTime.h>
 #include <ZyDeque.h>
 #include <ZyFilePath.h>
 #include <ZyPair.h>
 #include <ZyPoint.h>
+#include <ZyProperties.h>
+#include <ZyProperty.h>
 #include <ZyString.h>
 #include <ZyStringDevice.h>
 #include <ZyVariant.h>
@@ -42,6 +45,9 @@ public:
         bind<ZyDeque<double>>("Doubles");
         bind<ZyDeque<ZyString>>("Texts");
         bind<ZyVariant>("Variant");
+        bind<ZyDateTime>("DateTime");
+        bind<ZyProperty>("Property");
+        bind<ZyProperties>("Properties");
         load(text);
     }
     Document(Document const &) = delete;
