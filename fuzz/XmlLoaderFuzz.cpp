@@ -10,6 +10,9 @@
 #include <ZyProperty.h>
 #include <ZyString.h>
 #include <ZyStringDevice.h>
+#include <ZyTimeDuration.h>
+#include <ZyTimePoint.h>
+#include <ZyUUID.h>
 #include <ZyVariant.h>
 #include <ZyXMLElementReader.h>
 #include <ZyXMLLoader.h>
@@ -44,6 +47,9 @@ public:
         bind<ZyDeque<int>>("Ints");
         bind<ZyDeque<double>>("Doubles");
         bind<ZyDeque<ZyString>>("Texts");
+        bind<ZyUUID>("UUID");
+        bind<ZyTimeDuration>("Duration");
+        bind<ZyTimePoint>("Moment");
         bind<ZyVariant>("Variant");
         bind<ZyDateTime>("DateTime");
         bind<ZyProperty>("Property");
