@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What a first program of someone else would do: text, a container, a table that becomes a workbook, a type of its own
-// in XML, and an exception across the library's border.
+// What a first program of someone else would do: text, a container, a table that becomes a workbook, a type
+// of its own in XML, and an exception across the library's border.
 #include "binding.h"
 
 #include <ZyCore.h>
