@@ -16,9 +16,10 @@ class ZyXMLAttribute;
  * A handle on one element of a ZyXMLDomDocument. Copies refer to one element, and each keeps the document
  * alive.
  *
- * Names of elements and attributes are those of the document, with their prefixes; declarations of namespaces
- * are attributes. A null element has no name, no text, no attributes and no children; to change one throws
- * ZyNullDomElementException, "Null dom element".
+ * Names of elements and attributes are those of the document, with their prefixes, and declarations of
+ * namespaces are attributes; but what was made here in a namespace goes by its name without the prefix until
+ * the document is saved and loaded. A null element has no name, no text, no attributes and no children; to
+ * change one throws ZyNullDomElementException, "Null dom element".
  *
  * Names are not checked for being legal XML names.
  *

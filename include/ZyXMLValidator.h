@@ -15,9 +15,10 @@ class ZyString;
  * }
  * \endcode
  *
- * No connection is ever opened: a schema that the document, or the schema itself, asks for by any other than
- * a local address counts as not reachable. A schema that includes another by a relative path is refused,
- * since it is read without an address of its own.
+ * No connection is ever opened: a schema that the document, or the schema itself, names by an address in the
+ * web counts as not reachable, and one that it names by another kind of address than of the web or of a file
+ * makes it invalid. A schema that includes another by a relative path is refused, since it is read without an
+ * address of its own.
  *
  * Documents nested deeper than 512 levels, or whose entities expand beyond 16 Mi characters, count as
  * invalid.

@@ -15,10 +15,15 @@
 #include <QNetworkAccessManager>
 #include <QNetworkRequest>
 #include <QSourceLocation>
+#include <QThread>
 #include <QUrl>
 #include <QXmlSchema>
 #include <QXmlSchemaValidator>
 #include <QXmlStreamReader>
+
+#include <algorithm>
+#include <exception>
+#include <memory>
 
 class ZyXMLValidator::Private : public ZyPrivateObject
 {
@@ -64,6 +69,28 @@ private:
     ZyString m_message;
 };
 
+/** Whether a list of addresses has one that is neither of a file nor of the web: Qt may wait for it for ever.
+ */
+bool asksForMore(QStringRef const & addresses)
+{
+    for (QStringRef const & address : addresses.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+        QString const scheme = QUrl(address.toString()).scheme();
+        // A single letter is a drive.
+        if (scheme.size() > 1 && scheme != QLatin1String("file") && scheme != QLatin1String("http") &&
+            scheme != QLatin1String("https") && scheme != QLatin1String("urn")) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool asksForMore(QXmlStreamAttributes const & attributes)
+{
+    return std::any_of(attributes.begin(), attributes.end(), [](QXmlStreamAttribute const & attribute) {
+        return attribute.name().endsWith(QLatin1String("chemaLocation")) && asksForMore(attribute.value());
+    });
+}
+
 /** Whether the validator, which uses the stack of the machine for elements in each other, can take a
  * document. */
 bool isWithinBounds(QIODevice & document)
@@ -75,6 +102,9 @@ bool isWithinBounds(QIODevice & document)
         switch (reader.readNext()) {
         case QXmlStreamReader::StartElement:
             ++depth;
+            if (asksForMore(reader.attributes())) {
+                return false;
+            }
             break;
         case QXmlStreamReader::EndElement:
             --depth;
@@ -109,7 +139,7 @@ private:
     void loadSchema()
     {
         QFile file(NativePath::qt(ZyFilePath(m_schemaPath)));
-        if (!file.open(QIODevice::ReadOnly)) {
+        if (file.fileName().isEmpty() || !file.open(QIODevice::ReadOnly)) {
             throw ZyFileNotFoundException(m_schemaPath);
         }
         // Without an address of its own: what it includes by a relative path is not found.
@@ -126,6 +156,7 @@ private:
         }
         QXmlSchemaValidator validator(m_schema);
         validator.setNetworkAccessManager(&m_network);
+        validator.setMessageHandler(&m_handler); // which keeps the words from the standard error output
         if (!isWithinBounds(file) || !file.seek(0) ||
             !validator.validate(&file, QUrl::fromLocalFile(file.fileName()))) {
             throw ZyInvalidXMLException(m_file, m_schemaPath);
@@ -138,6 +169,29 @@ private:
     MySchemaMessageHandler m_handler;
     QXmlSchema m_schema;
 };
+
+/**
+ * Runs a function in a thread of its own, and throws here what it throws there. The classes of Qt spin a loop
+ * of events for what a document asks to be loaded: in the thread of the caller that would let his own events
+ * in, and without an application object it may never end.
+ */
+template <class Function>
+void runApart(Function const & function)
+{
+    std::exception_ptr failure;
+    std::unique_ptr<QThread> const thread(QThread::create([&] {
+        try {
+            function();
+        } catch (...) {
+            failure = std::current_exception();
+        }
+    }));
+    thread->start();
+    thread->wait();
+    if (failure) {
+        std::rethrow_exception(failure);
+    }
+}
 } // namespace
 
 ZyXMLValidator::ZyXMLValidator(ZyString const & file) : m_d(new Private(file)) {}
@@ -157,7 +211,7 @@ ZyXMLValidator::~ZyXMLValidator() = default;
 bool ZyXMLValidator::isValid(ZyString const & schema, bool throwOnFailure) const
 {
     try {
-        Test(d()->file, schema).run();
+        runApart([&] { Test(d()->file, schema).run(); });
         return true;
     } catch (ZyException const &) {
         if (throwOnFailure) {
