@@ -70,6 +70,15 @@ def rows():
         for kind, label in (("10000", "10,000 files"), ("large", "tree of 1 GiB")):
             add("zip", f"zip: {step}, {label}", f"zip-{step}/{kind}/ours",
                 {"minizip": (1.1, None), "Info-ZIP": (None, 1)})
+    for count in (20, 2000):
+        add("properties", f"value by name, {count:,} names", f"properties/{count}/ours",
+            {"vector-strcasecmp": (1.5 if count == 20 else None, None), "map-strcasecmp": (None, None),
+             "QHash-lower": (None, None)})
+        add("properties", f"set of {count:,} names, filled", f"properties-fill/{count}/ours",
+            {"vector-strcasecmp": (None, None)})
+    for operation in ("get", "set"):
+        add("properties", f"process-wide store, {operation} a double", f"global-{operation}/ours",
+            {"unordered_map": (None, None), "map-of-deques": (None, None)})
     for column in ("mixed", "double"):
         add("tables", f"sort 100,000 rows, {column} column", f"sort/{column}/ours",
             {"QStandardItemModel": (0.1, None), "heap-cells": (None, 1.5)})
@@ -123,7 +132,7 @@ FIGURES = [
     Figure("csv", "peak memory, CSV out (file device)", ["csv-out/ours-file-device"], "peak", None, "MiB"),
 ]
 
-FAMILIES = ["strings", "numbers", "base64", "containers", "csv", "tables", "xlsx", "zip", "devices"]
+FAMILIES = ["strings", "numbers", "base64", "containers", "csv", "tables", "properties", "xlsx", "zip", "devices"]
 
 
 class Results:

@@ -20,6 +20,7 @@ struct None
     static constexpr bool vectorised = true;
     unsigned char operator()(char c) const { return static_cast<unsigned char>(c); }
     static std::uint64_t word(std::uint64_t bytes) { return bytes; }
+    static bool sameWord(std::uint64_t a, std::uint64_t b) { return a == b; }
 };
 
 /** What the classic locale's tolower does. */
@@ -42,6 +43,20 @@ struct Classic
         std::uint64_t const fromA = low + each * (0x80 - 'A');
         std::uint64_t const beyondZ = low + each * (0x7F - 'Z');
         return bytes | ((fromA & ~beyondZ & ~bytes & (each * 0x80)) >> 2);
+    }
+    /** Whether eight bytes fold to the same: they differ in nothing but the bit of the case, and that in
+     * letters. */
+    static bool sameWord(std::uint64_t a, std::uint64_t b)
+    {
+        constexpr std::uint64_t each = 0x0101010101010101u;
+        std::uint64_t const difference = a ^ b;
+        if ((difference & ~(each * 0x20)) != 0) {
+            return false;
+        }
+        std::uint64_t const low = (a | (each * 0x20)) & (each * 0x7F);
+        std::uint64_t const fromA = low + each * (0x80 - 'a');
+        std::uint64_t const beyondZ = low + each * (0x7F - 'z');
+        return ((difference << 2) & ~(fromA & ~beyondZ & ~a)) == 0;
     }
 };
 
@@ -158,10 +173,32 @@ inline std::string_view trimmed(std::string_view text, std::locale const & local
     return std::string_view(begin, static_cast<std::size_t>(end - begin));
 }
 
+/** Whether two texts of one size that is 8 to 64 are equal; the last word may reach back. */
+template <class Fold>
+bool sameWords(char const * a, char const * b, std::size_t size)
+{
+    auto const same = [&](std::size_t i) {
+        return Fold::sameWord(qFromLittleEndian<quint64>(a + i), qFromLittleEndian<quint64>(b + i));
+    };
+    std::size_t i = 0;
+    while (i + 8 < size && same(i)) {
+        i += 8;
+    }
+    return i + 8 >= size && same(size - 8);
+}
+
 template <class Fold>
 bool equal(std::string_view a, std::string_view b, Fold const & fold)
 {
-    return a.size() == b.size() && mismatch(a.data(), b.data(), 0, a.size(), fold) == a.size();
+    if (a.size() != b.size()) {
+        return false;
+    }
+    if constexpr (Fold::vectorised) {
+        if (a.size() >= 8 && a.size() <= 64) {
+            return sameWords<Fold>(a.data(), b.data(), a.size());
+        }
+    }
+    return mismatch(a.data(), b.data(), 0, a.size(), fold) == a.size();
 }
 
 /** Whether one of N places may begin an occurrence, told by its first and last character. */

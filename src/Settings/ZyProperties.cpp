@@ -11,7 +11,9 @@
 #include <algorithm>
 #include <deque>
 #include <locale>
+#include <string>
 #include <utility>
+#include <vector>
 
 using Items = std::deque<ZySharedPtr<ZyProperty>>;
 
@@ -22,19 +24,9 @@ public:
     ZySharedPtr<ZyProperty> const * find(ZyString const & name) const
     {
         std::string_view const wanted = ZyTextAccess::view(name);
-        return ZyCaseFold::withFold(std::locale(), [&](auto const & fold) { return find(wanted, fold); });
-    }
-    /** The same by ZyProperty::equalName, without asking for the locale and for the strings' classes each
-     * time. */
-    template <class Fold>
-    ZySharedPtr<ZyProperty> const * find(std::string_view wanted, Fold const & fold) const
-    {
-        for (ZySharedPtr<ZyProperty> const & property : properties.std_deque()) {
-            if (ZyCaseFold::equal(ZyTextAccess::view(property.get()->name()), wanted, fold)) {
-                return &property;
-            }
-        }
-        return nullptr;
+        std::size_t const place =
+            ZyCaseFold::withFold(std::locale(), [&](auto const & fold) { return placeOf(wanted, fold); });
+        return place < names.size() ? &properties.std_deque()[place] : nullptr;
     }
     ZyProperty const & at(ZyString const & name) const
     {
@@ -44,8 +36,37 @@ public:
         }
         return *found->get();
     }
+    void append(ZySharedPtr<ZyProperty> const & property)
+    {
+        names.push_back(&property->name().toStdString());
+        try {
+            properties.add(property);
+        } catch (...) {
+            names.pop_back();
+            throw;
+        }
+    }
 
     ZyDeque<ZySharedPtr<ZyProperty>> properties;
+    /** The text of each name, for walking over it quickly: it keeps its place while the property lives, also
+     * when the name is changed. */
+    std::vector<std::string const *> names;
+
+private:
+    /** The first name that ZyProperty::equalName would call equal, without asking each time for the locale
+     * and for the classes of the strings. */
+    template <class Fold>
+    std::size_t placeOf(std::string_view wanted, Fold const & fold) const
+    {
+        // Most names are of another size, and those that are not tend to differ at their end.
+        std::size_t const last = wanted.empty() ? 0 : wanted.size() - 1;
+        unsigned char const lastFolded = wanted.empty() ? fold('\0') : fold(wanted[last]);
+        auto const found = std::find_if(names.begin(), names.end(), [&](std::string const * name) {
+            return name->size() == wanted.size() && fold(name->c_str()[last]) == lastFolded &&
+                   ZyCaseFold::equal(*name, wanted, fold);
+        });
+        return static_cast<std::size_t>(found - names.begin());
+    }
 };
 
 namespace
@@ -109,7 +130,8 @@ ZyProperties::~ZyProperties() = default;
 
 ZyProperties & ZyProperties::operator=(ZyProperties const & other)
 {
-    d()->properties = other.d()->properties;
+    ZyPrivatePtr<Private> copy(new Private(*other.d()));
+    m_d.swap(copy);
     return *this;
 }
 
@@ -120,7 +142,7 @@ ZyWeakPtr<ZyProperty> ZyProperties::add(ZyProperty const & property)
         return *found;
     }
     ZySharedPtr<ZyProperty> const added(new ZyProperty(property));
-    d()->properties.add(added);
+    d()->append(added);
     return added;
 }
 
@@ -137,6 +159,7 @@ ZyProperties & ZyProperties::operator<<(ZyProperty const & property)
 
 void ZyProperties::clear()
 {
+    d()->names.clear();
     d()->properties.clear();
 }
 

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <locale>
 #include <string>
 
@@ -92,4 +93,41 @@ TEST(ZyCaseFold, FindsEveryPartOfATextFromEveryPlace)
     }
     EXPECT_EQ(ZyCaseFold::find(in, "not there", 0, ZyCaseFold::Classic()), std::string::npos);
     EXPECT_EQ(ZyCaseFold::find("short", "longer than that", 0, ZyCaseFold::Classic()), std::string::npos);
+}
+
+TEST(ZyCaseFold, TellsEveryPairOfBytesInAWordAsTheFoldDoes)
+{
+    ZyCaseFold::Classic const fold;
+    for (unsigned a = 0; a < 256; ++a) {
+        for (unsigned b = 0; b < 256; ++b) {
+            bool const same = fold(static_cast<char>(a)) == fold(static_cast<char>(b));
+            for (unsigned place : {0u, 3u, 7u}) {
+                // Neighbours that differ in case must not carry into each other.
+                std::uint64_t const mask = ~(std::uint64_t(0xFF) << place * 8);
+                std::uint64_t const wordA = (0x5A5A5A5A5A5A5A5Au & mask) | std::uint64_t(a) << place * 8;
+                std::uint64_t const wordB = (0x7A7A7A7A7A7A7A7Au & mask) | std::uint64_t(b) << place * 8;
+                ASSERT_EQ(ZyCaseFold::Classic::sameWord(wordA, wordB), same) << a << " " << b;
+            }
+            ASSERT_EQ(ZyCaseFold::None::sameWord(a, b), a == b);
+        }
+    }
+}
+
+TEST(ZyCaseFold, EqualLooksAtEveryPlaceOfEveryLength)
+{
+    ZyCaseFold::Classic const fold;
+    for (std::size_t size = 0; size < 80; ++size) {
+        std::string const made = text(size);
+        std::string const other = otherCase(made);
+        EXPECT_TRUE(ZyCaseFold::equal(made, other, fold)) << size;
+        EXPECT_EQ(ZyCaseFold::equal(made, other, ZyCaseFold::None()), made == other) << size;
+        EXPECT_TRUE(ZyCaseFold::equal(made, made, ZyCaseFold::None())) << size;
+        EXPECT_FALSE(ZyCaseFold::equal(made + "x", other, fold)) << size;
+        for (std::size_t place = 0; place < size; ++place) {
+            std::string changed = other;
+            changed[place] = static_cast<char>(changed[place] ^ 1);
+            ASSERT_FALSE(ZyCaseFold::equal(made, changed, fold)) << size << " " << place;
+            ASSERT_FALSE(ZyCaseFold::equal(made, changed, ZyCaseFold::None())) << size << " " << place;
+        }
+    }
 }

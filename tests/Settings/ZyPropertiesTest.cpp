@@ -190,6 +190,21 @@ TEST(ZyProperties, TheFirstOfNamesThatBecameEqualWins)
     EXPECT_EQ(properties.size(), 2u);
 }
 
+TEST(ZyProperties, FindsNamesThatWereChangedFromOutside)
+{
+    ZyProperties properties{ZyProperty("a", 1), ZyProperty("b", 2)};
+    ZyProperties const copy(properties);
+    ZyString const longName("a name that is longer than any text inside of a string");
+    properties.get("a").lock()->setName(longName);
+    EXPECT_TRUE(properties.get("a").expired());
+    EXPECT_EQ(properties.value(longName).asInteger(), 1);
+    EXPECT_EQ(copy.value(longName).asInteger(), 1);
+    properties.get("b").lock()->setName(ZyString(std::string(100, 'x')));
+    EXPECT_EQ(copy.value(ZyString(std::string(100, 'X'))).asInteger(), 2);
+    *properties.get(longName).lock() = ZyProperty("c", 3);
+    EXPECT_EQ(properties.value("C").asInteger(), 3);
+}
+
 TEST(ZyProperties, FindsNamesOfAnyBytes)
 {
     ZyString const binary(std::string("n\0a", 3));
