@@ -9,6 +9,9 @@
 #include <ZyException.h>
 #include <ZyFilePath.h>
 #include <ZyPair.h>
+#include <ZyXMLDomDocument.h>
+#include <ZyXMLDomElement.h>
+#include <ZyXMLDomElementWriter.h>
 #include <ZyXMLLambdaRule.h>
 #include <ZyXMLLoader.h>
 
@@ -171,4 +174,24 @@ TEST(ZyXMLObjectOfProperties, HasOneDefinitionAndItsMemory)
     EXPECT_ZY_THROW(definition->setup(rule), ZyNullPointerException,
                     "No ZyXMLLoader object available when trying to add child rule");
     EXPECT_TRUE(rule.recall<ZyProperties>("props"));
+}
+
+TEST(ZyXMLObjectOfProperties, DoesNotComeBackFromADocumentInMemory)
+{
+    // Its element writer takes name and namespace of a child the other way round, see ZyXMLDomElementWriter.
+    ZyXMLDomDocument document;
+    document.setContent("<v/>");
+    ZyXMLDomElementWriter writer(document.root());
+    ZyXMLObject<ZyProperties>::Write(writer, ZyProperties(ZyProperty("a", 1)));
+    std::vector<ZyProperties> read;
+    ZySharedPtr<ZyXMLLoader> const loader = ZyXMLLoader::Create();
+    loader->add<ZyProperties>("v", [&](ZyUniquePtr<ZyProperties> value) { read.push_back(*value); });
+    try {
+        loadText(*loader, document.toString().toStdString());
+    } catch (ZyException const &) {
+        read.clear();
+    }
+    for (ZyProperties const & properties : read) {
+        EXPECT_EQ(properties.size(), 0u);
+    }
 }

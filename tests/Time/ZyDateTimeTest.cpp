@@ -8,6 +8,10 @@
 
 #include <ZyException.h>
 #include <ZyPrint.h>
+#include <ZyXMLDomDocument.h>
+#include <ZyXMLDomElement.h>
+#include <ZyXMLDomElementReader.h>
+#include <ZyXMLDomElementWriter.h>
 #include <ZyXMLStreamElementReader.h>
 
 #include <gmock/gmock.h>
@@ -488,6 +492,52 @@ TEST(ZyDateTimeElement, AMomentBeyondTheCalendarDoesNotComeBack)
     std::string const document = writtenElement(at(std::numeric_limits<std::int64_t>::max()));
     EXPECT_EQ(document, "<DateTime time=\"error\" rep=\"utc\"/>\n");
     EXPECT_THROW(loaded(document), ZyException);
+}
+
+TEST(ZyDateTimeElement, ComesBackFromADocumentInMemory)
+{
+    Zone const zone(london);
+    for (ZyDateTime const & moment : {utc(4, 2, 2021, 5, 6, 7), local(1, 6, 2021, 12)}) {
+        ZyXMLDomDocument document;
+        document.setContent("<r/>");
+        ZyXMLDomElementWriter root(document.root());
+        static_cast<ZyXMLSerializableObject const &>(moment).writeXML(root);
+        ZyXMLDomDocument read;
+        read.setContent(document.toString());
+        ZyXMLDomElementReader element(read.root());
+        ZyUniquePtr<ZyDateTime> const loaded = ZyDateTime::XMLLoader(**element.children().begin());
+        EXPECT_EQ(loaded->compare(moment), 0);
+        EXPECT_EQ(loaded->representation(), moment.representation());
+    }
+}
+
+TEST(ZyDateTimeElement, AMissingAttributeIsRefusedInADocumentInMemoryToo)
+{
+    ZyXMLDomDocument document;
+    document.setContent("<DateTime time=\"2021-03-04T05:06:07Z\"/>");
+    ZyXMLDomElementReader element(document.root());
+    EXPECT_THROW(ZyDateTime::XMLLoader(element), ZyException);
+    document.setContent("<DateTime time=\"2021-02-30T00:00:00Z\" rep=\"utc\"/>");
+    ZyXMLDomElementReader february(document.root());
+    EXPECT_ZY_THROW(ZyDateTime::XMLLoader(february), ZyInvalidParameterException, "2021-02-30T00:00:00Z");
+}
+
+TEST(ZyXMLObjectOfDateTime, ComesBackFromADocumentInMemory)
+{
+    Zone const zone(newYork);
+    ZyDateTime const moment = local(4, 2, 2021, 5, 6, 7);
+    ZyXMLDomDocument document;
+    document.setContent("<v/>");
+    ZyXMLDomElementWriter writer(document.root());
+    ZyXMLObject<ZyDateTime>::Write(writer, moment);
+    ZyXMLDomElementReader element(document.root());
+    auto const definition = ZyXMLObject<ZyDateTime>::LoadRule();
+    ZyXMLLambdaRule<ZyDateTime> rule("v", definition);
+    definition->setup(rule);
+    definition->start(rule, element);
+    ZyUniquePtr<ZyDateTime> const read = definition->finish(rule);
+    EXPECT_EQ(read->compare(moment), 0);
+    EXPECT_EQ(read->representation(), ZyDateTime::Local);
 }
 
 TEST(ZyXMLObjectOfDateTime, WritesTheViewAndUtcText)
