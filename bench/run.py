@@ -93,6 +93,10 @@ def rows():
         add("devices", "100 MB in blocks of 16 KiB", "blocks/file/ours", {peer: (None, None)})
     for peer in ("getline", "QFile"):
         add("devices", "100 MB line by line", "lines/file/ours", {peer: (None, None)})
+    for kind in ("plain", "compressed"):
+        add("dom", f"DOM: load 20 MB, {kind}", f"dom-load/{kind}/ours", {"QDomDocument": (1.1, None)})
+        add("dom", f"DOM: save 20 MB, {kind}", f"dom-save/{kind}/ours", {"QDomDocument": (1.1, None)})
+    add("dom", "DOM: load, look at every real, save", "dom-visit/plain/ours", {"QDomDocument": (None, None)})
     return table
 
 
@@ -132,7 +136,8 @@ FIGURES = [
     Figure("csv", "peak memory, CSV out (file device)", ["csv-out/ours-file-device"], "peak", None, "MiB"),
 ]
 
-FAMILIES = ["strings", "numbers", "base64", "containers", "csv", "tables", "properties", "xlsx", "zip", "devices"]
+FAMILIES = ["strings", "numbers", "base64", "containers", "csv", "tables", "properties", "xlsx", "zip", "devices",
+            "dom"]
 
 
 class Results:

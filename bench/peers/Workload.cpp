@@ -238,6 +238,37 @@ std::string csvFile(std::uint64_t bytes)
     });
 }
 
+std::string resultFile(unsigned runs)
+{
+    return makeOnce("result-" + std::to_string(runs) + ".xml", [runs](fs::path const & path) {
+        constexpr unsigned quantities = 10;
+        constexpr unsigned parameters = 14;
+        std::ofstream out(path, std::ios::binary);
+        Random random(5);
+        out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<msw version=\"1.0\" rev=\"1\">\n"
+               " <header analysis=\"mc\" date=\"today\" numcores=\"4\" title=\"bench\" group=\"g\"/>\n";
+        for (unsigned quantity = 0; quantity < quantities; ++quantity) {
+            out << " <meritfunction value=\"Merit" << quantity << "\" name=\"\">\n";
+            for (unsigned run = 1; run <= runs; ++run) {
+                out << "  <sensval case=\"" << run << "\" value=\"" << base64(random.unit()) << "\"/>\n";
+            }
+            out << " </meritfunction>\n";
+        }
+        out << " <steps>\n";
+        for (unsigned run = 1; run <= runs; ++run) {
+            out << "  <step name=\"Refdes:R" << run << "/DevParam:res/PDF:gauss\" case=\"" << run
+                << "\" seed=\"" << (random.next() >> 1) << "\">\n";
+            for (unsigned parameter = 0; parameter < parameters; ++parameter) {
+                out << "   <parameter name=\"R" << parameter << ":res\" nom=\"" << base64(1000.0 + parameter)
+                    << "\" usedvalue=\"" << base64(1000.0 * (0.9 + 0.2 * random.unit())) << "\" tol=\""
+                    << base64(0.1) << "\"/>\n";
+            }
+            out << "  </step>\n";
+        }
+        out << " </steps>\n</msw>\n";
+    });
+}
+
 std::string smallTree(unsigned files)
 {
     return makeOnce("small-" + std::to_string(files), [files](fs::path const & root) {

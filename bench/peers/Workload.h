@@ -71,6 +71,10 @@ std::string base64(double value);
 /** Makes the file of CSV lines unless it is there. \return its path */
 std::string csvFile(std::uint64_t bytes);
 
+/** Makes a result file of runs of a simulation, about 2 KB a run: Base64 doubles in attributes, indented.
+ * Unless it is there. \return its path */
+std::string resultFile(unsigned runs);
+
 /** Makes the tree of small text files (200 to 8,199 bytes, 100 to a directory) unless it is there. \return
  * its root */
 std::string smallTree(unsigned files);
