@@ -22,7 +22,14 @@ ZyProperty::ZyProperty(ZyString && name, ZyVariant && value)
 
 ZyProperty::~ZyProperty() = default;
 
-ZyProperty & ZyProperty::operator=(ZyProperty const & other) = default;
+ZyProperty & ZyProperty::operator=(ZyProperty const & other)
+{
+    // Both or none of the two, should memory end.
+    ZyVariant value(other.m_value);
+    m_name = other.m_name;
+    m_value.swap(value);
+    return *this;
+}
 
 void ZyProperty::setName(ZyString const & name)
 {
