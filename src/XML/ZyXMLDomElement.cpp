@@ -2,6 +2,7 @@
 // Elements of documents in memory: a thin coat over QDomElement.
 #include <ZyXMLDomElement.h>
 
+#include "XML/ZyXMLAttributeSet_p.h"
 #include "XML/ZyXMLDomElement_p.h"
 #include "XML/ZyXMLDomGuard_p.h"
 
@@ -14,9 +15,9 @@
 #include <QDomNamedNodeMap>
 #include <QDomText>
 #include <QString>
+#include <QXmlStreamAttributes>
 
 #include <algorithm>
-#include <vector>
 
 namespace
 {
@@ -134,19 +135,17 @@ double ZyXMLDomElement::attributeBase64(ZyString const & name, double const & de
 ZyXMLAttributeSetPtr ZyXMLDomElement::attributes() const
 {
     QDomNamedNodeMap const map = d()->element.attributes();
-    std::vector<ZyXMLAttribute> sorted;
-    sorted.reserve(static_cast<std::size_t>(map.count()));
+    QXmlStreamAttributes sorted;
+    sorted.reserve(map.count());
     for (int i = 0; i < map.count(); ++i) {
         QDomAttr const attribute = map.item(i).toAttr();
-        sorted.emplace_back(ZyString(attribute.name()), ZyString(attribute.value()));
+        sorted.append(QString(), attribute.name(), attribute.value());
     }
-    std::sort(sorted.begin(), sorted.end(), [](ZyXMLAttribute const & a, ZyXMLAttribute const & b) {
-        return a.name().toStdString() < b.name().toStdString();
+    std::sort(sorted.begin(), sorted.end(), [](QXmlStreamAttribute const & a, QXmlStreamAttribute const & b) {
+        return a.name() < b.name();
     });
     ZyXMLAttributeSetPtr result(new ZyXMLAttributeSet);
-    for (ZyXMLAttribute const & attribute : sorted) {
-        result->addAttribute(attribute);
-    }
+    ZyXMLAttributeReading(sorted).fill(*result);
     return result;
 }
 
