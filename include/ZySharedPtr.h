@@ -119,7 +119,9 @@ public:
 
     ZyWeakPtr & operator=(ZyWeakPtr const & other) noexcept
     {
-        ZyWeakPtr(other).m_object.swap(m_object);
+        if (this != &other) {
+            m_object = other.m_object;
+        }
         return *this;
     }
     ZyWeakPtr & operator=(ZyWeakPtr && other) noexcept

@@ -76,7 +76,7 @@ template <class P>
 class Position
 {
 public:
-    explicit Position(Items::const_iterator position) : m_position(position) {}
+    explicit Position(Items::const_iterator const & position) : m_position(position) {}
     P & operator*() const { return *m_position->get(); }
     Position & operator++()
     {
@@ -102,7 +102,8 @@ template <class P>
 void visitAll(Items const & items, std::function<void(P &)> const & visit)
 {
     for (std::size_t i = 0; i < items.size(); ++i) {
-        ZySharedPtr<ZyProperty> const kept = items[i]; // the visit may clear the set
+        // A copy, since the visit may clear the set.
+        ZySharedPtr<ZyProperty> const kept = items[i]; // NOLINT(performance-unnecessary-copy-initialization)
         visit(*kept);
     }
 }

@@ -64,7 +64,7 @@ void ZyXMLAttributeSet::addAttribute(ZyString const & name, ZyString const & val
     if (ZyXMLAttribute * const there = find(name)) {
         there->setValue(value);
     } else {
-        state().attributes.push_back(ZyXMLAttribute(name, value));
+        state().attributes.emplace_back(name, value);
     }
 }
 

@@ -43,7 +43,7 @@ QByteArray contentOf(ZyFilePath const & path)
     if (!file.open(QIODevice::ReadOnly)) {
         throw ZyFileException(ZyString(file.errorString()), path.path());
     }
-    QByteArray const content = file.readAll();
+    QByteArray content = file.readAll();
     if (file.error() != QFileDevice::NoError) {
         throw ZyFileException(ZyString(file.errorString()), path.path());
     }

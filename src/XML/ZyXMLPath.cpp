@@ -5,6 +5,7 @@
 #include <ZyCaseSensitiveString.h>
 #include <ZyException.h>
 
+#include <string>
 #include <utility>
 
 class ZyXMLPath::Private : public ZyPrivateObject
@@ -58,12 +59,11 @@ ZyString const & ZyXMLPath::toString() const
 
 ZyXMLPath & ZyXMLPath::push(ZyString const & name)
 {
-    ZyString const own(name); // which may be the text itself
     std::string & text = d()->text.toStdString();
-    if (!text.empty()) {
-        text += '/';
-    }
-    text += own.toStdString();
+    // A new text, since the name may be the old one.
+    std::string pushed = text.empty() ? std::string() : text + '/';
+    pushed += name.toStdString();
+    text = std::move(pushed);
     return *this;
 }
 
