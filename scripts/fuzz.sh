@@ -28,10 +28,10 @@ settings() {
     base64) runs=100000 length=256 ;;
     csv) runs=30000 length=512 ;;
     path) runs=30000 length=256 ;;
-    zip) runs=4000 length=4096 ;;
-    xmlreader) runs=6000 length=1024 ;;
+    zip) runs=6000 length=4096 ;;
+    xmlreader) runs=10000 length=1024 ;;
     xmlloader) runs=4000 length=1024 ;;
-    xmldom) runs=8000 length=1024 ;;
+    xmldom) runs=20000 length=1024 ;;
     datetime) runs=30000 length=64 ;;
     *)
         echo "No such target: $1 (there are: ${all[*]})" >&2
