@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cstring>
 #include <string>
+#include <string_view>
 #include <utility>
 
 ZyXMLStreamReader::Private::Private(ZyIODevice & source, ZySharedPtr<ZyIODevice> && shared)
@@ -57,6 +58,8 @@ void ZyXMLStreamReader::Private::closeAll()
 bool ZyXMLStreamReader::Private::MyIODevice::seek(qint64 position)
 {
     QIODevice::seek(position);
+    m_kept.clear();
+    m_hasBegun = position != 0;
     try {
         device().seek_read(static_cast<unsigned int>(position));
     } catch (...) {
@@ -75,8 +78,8 @@ void ZyXMLStreamReader::Private::MyIODevice::check()
 /**
  * Asks for one byte less than there is room for, as for a C text, and passes on the size of what has come.
  *
- * Of a few bytes Qt may be able to make no character, and would take that for the end: such a piece is
- * filled up. When the device fails meanwhile, what has come goes first.
+ * A piece of which Qt can make no character would be taken for the end: it is filled up. When the device
+ * fails meanwhile, what has come is kept for the next call.
  *
  * \deliberate{bridge-cuts-at-nul} What stands behind a NUL is lost: Qt sees NULs in its place.
  */
@@ -85,24 +88,32 @@ qint64 ZyXMLStreamReader::Private::MyIODevice::readData(char * data, qint64 maxS
     if (maxSize <= 1) {
         return 0;
     }
-    if (m_later) {
-        m_failure = std::exchange(m_later, nullptr);
-        return -1;
-    }
-    constexpr std::size_t longest = 8; // a byte order mark and a character
-    std::size_t size = 0;
+    auto const room = static_cast<std::size_t>(maxSize);
+    std::size_t size = m_kept.copy(data, room - 1);
+    m_kept.erase(0, size);
     try {
         bool more = true;
-        while (more && size < longest && static_cast<qint64>(size) < maxSize - 1) {
-            std::size_t const added = readPiece(data + size, static_cast<std::size_t>(maxSize) - size);
+        while (more && size + 1 < room && mayHoldNoCharacter(std::string_view(data, size))) {
+            std::size_t const added = readPiece(data + size, room - size);
             size += added;
             more = added > 0;
         }
     } catch (...) {
-        (size == 0 ? m_failure : m_later) = std::current_exception();
-        return size == 0 ? -1 : static_cast<qint64>(size);
+        m_kept.insert(0, data, size);
+        m_failure = std::current_exception();
+        return -1;
     }
+    m_hasBegun = m_hasBegun || size > 0;
     return static_cast<qint64>(size);
+}
+
+bool ZyXMLStreamReader::Private::MyIODevice::mayHoldNoCharacter(std::string_view piece) const
+{
+    constexpr std::size_t first = 4;   // Qt finds the encoding by so many
+    constexpr std::size_t longest = 8; // a byte order mark and a character
+    return (!m_hasBegun && piece.size() < first) ||
+           (piece.size() < longest &&
+            std::all_of(piece.begin(), piece.end(), [](char c) { return (c & 0x80) != 0; }));
 }
 
 std::size_t ZyXMLStreamReader::Private::MyIODevice::readPiece(char * data, std::size_t room)

@@ -21,6 +21,8 @@
 #include <exception>
 #include <limits>
 #include <memory>
+#include <string>
+#include <string_view>
 
 class ZyXMLStreamReader::Private : public ZyPrivateObject
 {
@@ -70,8 +72,12 @@ private:
      * come */
     std::size_t readPiece(char * data, std::size_t room);
 
+    /** Whether a piece, which may be empty, is too short to be shown to Qt. */
+    bool mayHoldNoCharacter(std::string_view piece) const;
+
     std::exception_ptr m_failure;
-    std::exception_ptr m_later; ///< of a device that failed behind bytes that Qt has not seen yet
+    bool m_hasBegun = false; ///< Qt has seen bytes since the start
+    std::string m_kept;      ///< what has come before the device failed and Qt has not seen
 };
 
 class ZyXMLStreamElementReader::Private : public ZyPrivateObject

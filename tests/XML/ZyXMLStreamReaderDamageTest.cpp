@@ -299,6 +299,19 @@ TEST(ZyXMLStreamReaderDamage, ThrowsTheFailureOfADeviceAndCanGoOn)
     EXPECT_EQ(readAll(reader), 10001u);
 }
 
+TEST(ZyXMLStreamReaderDamage, LosesNothingWhenADeviceFailsBetweenSinglePieces)
+{
+    for (std::size_t good = 0; good < 12; ++good) {
+        SourceDevice device("\xef\xbb\xbf<a>\xc3\xa9</a>");
+        device.largestPiece = 1;
+        device.good = good;
+        ZyXMLStreamReader reader(device);
+        EXPECT_ZY_THROW(readAll(reader), ZyIOException, "the line is dead");
+        readAll(reader);
+        EXPECT_EQ(reader.tokenType(), ZyXMLStreamReader::EndDocument) << good;
+    }
+}
+
 TEST(ZyXMLStreamReaderDamage, ThrowsTheFailureOfADeviceToEveryKindOfCall)
 {
     auto const failing = [] {

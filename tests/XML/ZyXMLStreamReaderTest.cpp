@@ -478,7 +478,7 @@ TEST(ZyXMLStreamReader, FailsAtTheFirstReadWhenADeviceIsOpenForWriting)
 
 TEST(ZyXMLStreamReader, ReadsPiecesOfAnySize)
 {
-    for (std::size_t size : {4u, 7u, 100u}) {
+    for (std::size_t size : {1u, 2u, 3u, 4u, 7u, 100u}) {
         SourceDevice device("<a x='1'>text<b/>\xc3\xa9</a>");
         device.largestPiece = size;
         ZyXMLStreamReader reader(device);
