@@ -31,6 +31,30 @@ int depthOf(QDomNode node)
     return depth;
 }
 
+/**
+ * The attributes in the order of a hash. QDomNamedNodeMap walks from its start to each one that it is asked
+ * for; when they are many, they are therefore taken out of a copy, so that the next one stands at the start.
+ */
+QXmlStreamAttributes attributesOf(QDomElement element)
+{
+    int const count = element.attributes().count();
+    bool const areMany = count > 64;
+    if (areMany) {
+        element = element.cloneNode(false).toElement();
+    }
+    QDomNamedNodeMap const map = element.attributes();
+    QXmlStreamAttributes result;
+    result.reserve(count);
+    for (int i = 0; i < count; ++i) {
+        QDomAttr const attribute = map.item(areMany ? 0 : i).toAttr();
+        result.append(QString(), attribute.name(), attribute.value());
+        if (areMany) {
+            element.removeAttributeNode(attribute);
+        }
+    }
+    return result;
+}
+
 /** A prefix for an attribute without one: a name of its own, or that of the same namespace. */
 QString freePrefix(QDomElement const & element, QString const & namespaceUri)
 {
@@ -134,13 +158,7 @@ double ZyXMLDomElement::attributeBase64(ZyString const & name, double const & de
 /** QDomElement keeps them in the order of a hash, which is another one in each process. */
 ZyXMLAttributeSetPtr ZyXMLDomElement::attributes() const
 {
-    QDomNamedNodeMap const map = d()->element.attributes();
-    QXmlStreamAttributes sorted;
-    sorted.reserve(map.count());
-    for (int i = 0; i < map.count(); ++i) {
-        QDomAttr const attribute = map.item(i).toAttr();
-        sorted.append(QString(), attribute.name(), attribute.value());
-    }
+    QXmlStreamAttributes sorted = attributesOf(d()->element);
     std::sort(sorted.begin(), sorted.end(), [](QXmlStreamAttribute const & a, QXmlStreamAttribute const & b) {
         return a.name() < b.name();
     });

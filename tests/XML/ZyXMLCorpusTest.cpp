@@ -138,10 +138,20 @@ TEST(ZyXMLCorpus, IsReadAsAnIndependentParserReadsIt)
     }
     std::vector<std::string> const all = documents();
     ASSERT_GE(all.size(), 10u);
-    for (std::size_t i = 0; i < all.size(); ++i) {
-        std::string const ours = Events(all[i]).text();
-        std::string const theirs = Program::script("XML/expat_events.py", {QString::fromStdString(all[i])});
-        EXPECT_TRUE(ours == theirs) << all[i] << "\n" << firstDifference(ours, theirs);
+    constexpr std::size_t portion = 50;
+    for (std::size_t from = 0; from < all.size(); from += portion) {
+        QStringList files;
+        for (std::size_t i = from; i < std::min(from + portion, all.size()); ++i) {
+            files += QString::fromStdString(all[i]);
+        }
+        std::string theirs = Program::script("XML/expat_events.py", files);
+        for (QString const & file : files) {
+            std::string const ours = Events(file.toStdString()).text();
+            std::size_t const next = theirs.find("\nF ");
+            std::string const expected = theirs.substr(0, next == std::string::npos ? next : next + 1);
+            theirs.erase(0, expected.size());
+            EXPECT_TRUE(ours == expected) << file.toStdString() << "\n" << firstDifference(ours, expected);
+        }
     }
 }
 
