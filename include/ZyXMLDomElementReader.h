@@ -89,7 +89,7 @@ private:
     friend class DomChildren;
 
     class ZYCORE_PRIVATE Private;
-    explicit DomImplementation(Private * state);
+    ZYCORE_PRIVATE explicit DomImplementation(Private * state);
     ZyPrivatePtr<Private> & d() { return m_d; }
     ZyPrivatePtr<Private> const & d() const { return m_d; }
 

@@ -4,8 +4,8 @@
 
 usage: check_symbols.py ROOT LIBRARY PREFIX...
 
-Code of the standard library that our sources instantiate comes out as weak symbols, because its headers ask for
-that. Such copies are the same in every module, and any of them may serve; they are allowed as long as they are weak,
+Code of the standard library and of Qt that our sources instantiate comes out as weak symbols, because their headers ask
+for that. Such copies are the same in every module, and any of them may serve; they are allowed as long as they are weak,
 and everything else is not.
 """
 import re
@@ -54,7 +54,7 @@ def main():
         name = outermost(mangled)
         if '7Private' in mangled:
             problems.append(f'hidden state is exported: {kind} {readable(mangled)}')
-        elif not name.startswith(prefixes) and not (name == 'St' and kind in WEAK):
+        elif not name.startswith(prefixes) and not ((name == 'St' or name.startswith('Q')) and kind in WEAK):
             problems.append(f'not a name of ours: {kind} {readable(mangled)} ({mangled})')
     for problem in problems:
         print(problem)
