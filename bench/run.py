@@ -97,6 +97,13 @@ def rows():
         add("dom", f"DOM: load 20 MB, {kind}", f"dom-load/{kind}/ours", {"QDomDocument": (1.1, None)})
         add("dom", f"DOM: save 20 MB, {kind}", f"dom-save/{kind}/ours", {"QDomDocument": (1.1, None)})
     add("dom", "DOM: load, look at every real, save", "dom-visit/plain/ours", {"QDomDocument": (None, None)})
+    add("xml_load", "1,000,000 records into structs by rules", "xml-load/limits/ours",
+        {"QXmlStreamReader": (2.5, 1.5), "property_tree": (1, None)})
+    for rules in ("1", "21", "61"):
+        add("xml_load", f"XML through the loader, 100 MB, {rules} rules", f"xml-rules/records/ours-{rules}",
+            {"QXmlStreamReader": (3, 2)})
+    add("xml_load", "the same, every attribute and text asked for", "xml-rules/records/ours-all",
+        {"QXmlStreamReader": (3, 2)})
     return table
 
 
@@ -105,6 +112,9 @@ def rows():
 Figure = namedtuple("Figure", "family label names kind limit unit")
 
 FIGURES = [
+    Figure("xml_load", "time of 61 rules / 1 rule", ["xml-rules/records/ours-1", "xml-rules/records/ours-61"], "time", 1.1,
+           "x"),
+] + [
     Figure("containers", f"walk through the interface, {kind}, a step", [f"walk/{kind}/interface"], "step", 20, "ns")
     for kind in ("deque", "vector", "list")
 ] + [
