@@ -104,6 +104,9 @@ def rows():
             {"QXmlStreamReader": (3, 2)})
     add("xml_load", "the same, every attribute and text asked for", "xml-rules/records/ours-all",
         {"QXmlStreamReader": (3, 2)})
+    add("xml_in", "XML in, 100 MB, elements, attributes and texts", "xml-in/ours", {"QXmlStreamReader": (2, 1.3)})
+    add("xml_in", "16,000 attributes on one element", "xml-attributes/ours", {"QXmlStreamReader": (1.5, None)})
+    add("xml_out", "XML out, 100 MB, element writers", "xml-out/ours", {"QXmlStreamWriter": (1.3, 1)})
     return table
 
 
@@ -140,6 +143,8 @@ FIGURES = [
            "memory", 4, "MiB"),
     Figure("zip", "memory: unpack 10,000 files above 1,000", ["zip-unpack/1000/ours", "zip-unpack/10000/ours"], "memory", 4,
            "MiB"),
+    Figure("xml_in", "memory: 100 MB of XML in above 10 MB", ["xml-in-memory/10/ours", "xml-in-memory/100/ours"], "memory",
+           8, "MiB"),
     Figure("csv", "peak memory, CSV in (file device)", ["csv-in/ours-file-device"], "peak", None, "MiB"),
     Figure("csv", "peak memory, CSV in (path)", ["csv-in/ours-path"], "peak", None, "MiB"),
     Figure("csv", "peak memory, heap cells by hand", ["csv-in/heap-cells"], "peak", None, "MiB"),

@@ -42,7 +42,7 @@ public:
     bool operator==(ZyXMLAttribute const & other) const;
 
 private:
-    friend class ZyXMLAttributeSet;
+    friend class ZyXMLAttributeReading;
 
     class ZYCORE_PRIVATE Private;
     ZyPrivatePtr<Private> & d() { return m_d; }

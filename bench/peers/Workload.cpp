@@ -93,6 +93,31 @@ std::string fileContent(Random & random, unsigned kind, std::size_t size)
     return out;
 }
 
+/** Several words with blanks between them. */
+std::string words(Random & random, unsigned count)
+{
+    std::string text;
+    for (unsigned i = 0; i < count; ++i) {
+        text += (i != 0 ? " " : "") + random.word();
+    }
+    return text;
+}
+
+std::string escaped(std::string const & text)
+{
+    std::string out;
+    for (char const c : text) {
+        if (c == '&') {
+            out += "&amp;";
+        } else if (c == '<') {
+            out += "&lt;";
+        } else {
+            out += c;
+        }
+    }
+    return out;
+}
+
 void writeFile(fs::path const & path, std::string const & content)
 {
     fs::create_directories(path.parent_path());
@@ -208,6 +233,56 @@ void appendXmlRecord(Random & random, std::string & out)
     out += "</note>\n  </record>";
 }
 
+Record makeRecord(Random & random, unsigned index)
+{
+    static char const * const kinds[] = {"resistor", "capacitor", "inductor", "diode", "source"};
+    Record record;
+    record.id = std::to_string(index);
+    record.name = format("node_%05u", random.below(100000));
+    record.kind = kinds[random.below(5)];
+    record.owner = random.word();
+    record.title = words(random, 2 + random.below(4));
+    record.x = decimal(random.below(1000000));
+    record.y = "-" + decimal(1 + random.below(999999));
+    for (unsigned i = 0, n = 1 + random.below(3); i < n; ++i) {
+        record.tags.push_back(random.word());
+    }
+    record.note = words(random, 4 + random.below(8));
+    if (random.below(4) == 0) {
+        record.note += " a<b & c";
+    }
+    return record;
+}
+
+void appendRecord(std::string & out, Record const & record, bool indented)
+{
+    auto const line = [&](unsigned depth) {
+        if (indented) {
+            out += '\n';
+            out.append(depth, ' ');
+        }
+    };
+    line(2);
+    out += "<record id=\"" + record.id + "\" name=\"" + record.name + "\" kind=\"" + record.kind;
+    out += "\" owner=\"" + record.owner + "\">";
+    line(3);
+    out += "<title>" + record.title + "</title>";
+    line(3);
+    out += "<point x=\"" + record.x + "\" y=\"" + record.y + "\"/>";
+    line(3);
+    out += "<tags>";
+    for (std::string const & tag : record.tags) {
+        line(4);
+        out += "<tag>" + tag + "</tag>";
+    }
+    line(3);
+    out += "</tags>";
+    line(3);
+    out += "<note>" + escaped(record.note) + "</note>";
+    line(2);
+    out += "</record>";
+}
+
 std::string base64(double value)
 {
     static char const alphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
@@ -266,6 +341,28 @@ std::string resultFile(unsigned runs)
             out << "  </step>\n";
         }
         out << " </steps>\n</msw>\n";
+    });
+}
+
+std::string recordsFile(std::uint64_t bytes)
+{
+    return makeOnce("records-" + std::to_string(bytes) + ".xml", [bytes](fs::path const & path) {
+        std::ofstream out(path, std::ios::binary);
+        Random random(3);
+        std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?><library version=\"1.0\">";
+        std::uint64_t written = 0;
+        unsigned index = 0;
+        for (unsigned group = 0; written + text.size() < bytes; ++group) {
+            text += format("\n <group name=\"g%u\">", group);
+            for (unsigned i = 0; i < 100; ++i) {
+                appendRecord(text, makeRecord(random, index++), true);
+            }
+            text += "\n </group>";
+            out.write(text.data(), std::streamsize(text.size()));
+            written += text.size();
+            text.clear();
+        }
+        out << text << "\n</library>";
     });
 }
 

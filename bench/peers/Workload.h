@@ -63,6 +63,20 @@ Table makeTable(unsigned rows, unsigned columns, std::uint64_t seed = 1);
 /** Appends a line of ten fields: integers, doubles, words; no quotes, no blanks, no empty fields, line feed
  * at the end. */
 void appendCsvLine(Random & random, std::string & out);
+/** A record of the library that the benchmarks of XML read and write. */
+struct Record
+{
+    std::string id, name, kind, owner; // attributes
+    std::string title;                 // text without markup
+    std::string x, y;                  // attributes of the point
+    std::vector<std::string> tags;     // 1 to 3 short texts
+    std::string note;                  // text; one in 4 holds & and <
+};
+
+Record makeRecord(Random & random, unsigned index);
+/** Appends a record as XML, with line breaks and blanks between the tags when \a indented. */
+void appendRecord(std::string & out, Record const & record, bool indented);
+
 /** Appends an indented record of XML text. */
 void appendXmlRecord(Random & random, std::string & out);
 /** The 12 characters of the Base64 form of the eight bytes of \a value. */
@@ -74,6 +88,9 @@ std::string csvFile(std::uint64_t bytes);
 /** Makes a result file of runs of a simulation, about 2 KB a run: Base64 doubles in attributes, indented.
  * Unless it is there. \return its path */
 std::string resultFile(unsigned runs);
+
+/** Makes the indented library of records, in groups of 100, unless it is there. \return its path */
+std::string recordsFile(std::uint64_t bytes);
 
 /** Makes the tree of small text files (200 to 8,199 bytes, 100 to a directory) unless it is there. \return
  * its root */

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // The attributes of a start tag, kept as one text until a set of them is wanted.
 #include "Core/ZyCaseFold_p.h"
+#include "Core/ZyString_p.h"
 #include "Core/ZyUtf8_p.h"
 #include "XML/ZyXMLAttributeSet_p.h"
+#include "XML/ZyXMLAttribute_p.h"
 
 #include <ZyString.h>
 
 #include <QXmlStreamAttributes>
 
+#include <array>
 #include <cstddef>
 #include <locale>
 #include <unordered_map>
@@ -49,30 +52,31 @@ public:
     /** Where an equal name stands; the number of names when there is none, and then it is the next one. */
     std::size_t add(std::string_view name)
     {
-        if (m_names.size() < few) {
-            for (std::size_t i = 0; i < m_names.size(); ++i) {
-                if (areEqual(m_names[i], name)) {
-                    return i;
-                }
+        if (m_count < m_first.size()) {
+            std::size_t place = 0;
+            while (place < m_count && !areEqual(m_first[place], name)) {
+                ++place;
             }
-            m_names.push_back(name);
-            return m_names.size() - 1;
+            if (place == m_count) {
+                m_first[m_count++] = name;
+            }
+            return place;
         }
-        for (std::size_t i = m_index.size(); i < few; ++i) {
-            m_index.emplace(folded(m_names[i]), i);
+        for (std::size_t i = m_index.size(); i < m_count; ++i) {
+            m_index.emplace(folded(m_first[i]), i);
         }
         return m_index.emplace(folded(name), m_index.size()).first->second;
     }
 
 private:
-    static constexpr std::size_t few = 16;
-
-    std::vector<std::string_view> m_names;                ///< the first few
-    std::unordered_map<std::string, std::size_t> m_index; ///< of all, once they are more
+    std::array<std::string_view, 16> m_first;
+    std::size_t m_count = 0;                              ///< of the first names
+    std::unordered_map<std::string, std::size_t> m_index; ///< of all names, once they are more
 };
 } // namespace
 
 ZyXMLAttributeReading::ZyXMLAttributeReading(QXmlStreamAttributes const & attributes)
+    : m_count(static_cast<std::size_t>(attributes.size()))
 {
     int size = 0;
     for (QXmlStreamAttribute const & attribute : attributes) {
@@ -89,16 +93,24 @@ ZyXMLAttributeReading::ZyXMLAttributeReading(QXmlStreamAttributes const & attrib
 
 void ZyXMLAttributeReading::fill(ZyXMLAttributeSet & set) const
 {
+    std::vector<ZyXMLAttribute> & attributes = set.state().attributes;
+    attributes.reserve(m_count);
+    // A name of XML has no white space, unless a host's locale sees some in it.
+    bool const isClassic = ZyCaseFold::isClassic(std::locale());
     Places places;
     for (std::string_view rest = m_text; !rest.empty();) {
         std::string_view const name = take(rest);
-        ZyString const value{std::string(take(rest))};
+        std::string_view const value = take(rest);
         std::size_t const place = places.add(name);
-        if (place == set.size()) {
-            set.state().attributes.emplace_back(ZyString(std::string(name)), value);
-        } else {
-            set.state().attributes[place].setValue(value);
+        if (place == attributes.size()) {
+            ZyXMLAttribute & attribute = attributes.emplace_back();
+            if (isClassic) {
+                ZyTextAccess::set(attribute.state().name, name);
+            } else {
+                attribute.setName(ZyString(std::string(name)));
+            }
         }
+        ZyTextAccess::set(attributes[place].state().value, value);
     }
 }
 

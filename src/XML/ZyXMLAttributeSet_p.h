@@ -4,6 +4,7 @@
 
 #include <ZyXMLAttributeSet.h>
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,5 +34,6 @@ public:
     std::string_view value(std::string_view name) const;
 
 private:
+    std::size_t m_count;
     std::string m_text; ///< name, NUL, value, NUL for each: no XML text has a NUL
 };
