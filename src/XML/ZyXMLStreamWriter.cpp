@@ -3,7 +3,9 @@
 // rules of what may follow what. The bridge itself stands in ZyXMLDeviceBridge.cpp.
 #include <ZyXMLStreamWriter.h>
 
+#include "Core/ZyString_p.h"
 #include "XML/ZyXMLStreamWriter_p.h"
+#include "XML/ZyXMLText_p.h"
 
 #include <ZyException.h>
 #include <ZyFileDevice.h>
@@ -173,6 +175,14 @@ std::unique_ptr<ZyXMLStreamElementWriter> ZyXMLStreamWriter::createElement(ZyStr
 void ZyXMLStreamWriter::writeAttribute(ZyString const & name, ZyString const & value)
 {
     d()->checkAttribute(name);
+    if (ZyXMLText::isPlain(ZyTextAccess::view(name)) && ZyXMLText::isPlain(ZyTextAccess::view(value))) {
+        std::string & markup = d()->bridge->text(); // what Qt would write for it
+        markup.append(" ").append(ZyTextAccess::view(name)).append("=\"");
+        markup.append(ZyTextAccess::view(value)).append("\"");
+        d()->bridge->collected();
+        d()->bridge->check();
+        return;
+    }
     d()->write([&](QXmlStreamWriter & xml) { xml.writeAttribute(d()->name(name), value.toQString()); });
 }
 
@@ -200,7 +210,10 @@ void ZyXMLStreamWriter::writeText(ZyString const & text)
     if (d()->state != Private::TagOpen) {
         throw ZyInvalidXMLOperation("Illegal write text call");
     }
-    d()->write([&](QXmlStreamWriter & xml) { xml.writeCharacters(text.toQString()); });
+    d()->write([](QXmlStreamWriter & xml) { xml.writeCharacters(QString()); }); // ends the start tag
+    ZyXMLText::appendEscaped(d()->bridge->text(), ZyTextAccess::view(text));
+    d()->bridge->collected();
+    d()->bridge->check();
     d()->state = Private::InElement;
 }
 

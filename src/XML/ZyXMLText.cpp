@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -139,4 +140,10 @@ void ZyXMLText::appendEscaped(std::string & markup, std::string_view text)
         text.remove_prefix(byteOrderMark.size());
     }
     appendWellFormed(markup, text.data(), text.data() + text.size());
+}
+
+bool ZyXMLText::isPlain(std::string_view text)
+{
+    return std::all_of(text.begin(), text.end(),
+                       [](char const & c) { return c >= ' ' && kindAt(&c) == Plain; });
 }

@@ -13,4 +13,8 @@ namespace ZyXMLText
  * U+FFFF and one leading byte order mark, and bytes that are not UTF-8 become U+FFFD.
  */
 void appendEscaped(std::string & markup, std::string_view text);
+
+/** Whether a text stands for itself everywhere in markup, also in the value of an attribute: printable ASCII
+ * without the characters that are escaped. */
+bool isPlain(std::string_view text);
 } // namespace ZyXMLText

@@ -137,3 +137,14 @@ TEST(ZyXMLText, GivesQtsBytesForRandomBytes)
         ASSERT_EQ(escaped(text), writtenByQt(text)) << "round " << round;
     }
 }
+
+TEST(ZyXMLTextPlain, IsPrintableAsciiWithoutMarkup)
+{
+    EXPECT_TRUE(ZyXMLText::isPlain(""));
+    for (int byte = 0; byte < 256; ++byte) {
+        char const c = static_cast<char>(byte);
+        bool const isMarkup = c == '<' || c == '>' || c == '&' || c == '"';
+        EXPECT_EQ(ZyXMLText::isPlain(std::string(1, c)), byte >= 0x20 && byte < 0x80 && !isMarkup) << byte;
+        EXPECT_EQ(ZyXMLText::isPlain("ab" + std::string(1, c) + "cd"), ZyXMLText::isPlain(std::string(1, c)));
+    }
+}
