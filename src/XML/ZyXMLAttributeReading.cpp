@@ -95,7 +95,6 @@ void ZyXMLAttributeReading::fill(ZyXMLAttributeSet & set) const
 {
     std::vector<ZyXMLAttribute> & attributes = set.state().attributes;
     attributes.reserve(m_count);
-    // A name of XML has no white space, unless a host's locale sees some in it.
     bool const isClassic = ZyCaseFold::isClassic(std::locale());
     Places places;
     for (std::string_view rest = m_text; !rest.empty();) {
@@ -104,9 +103,9 @@ void ZyXMLAttributeReading::fill(ZyXMLAttributeSet & set) const
         std::size_t const place = places.add(name);
         if (place == attributes.size()) {
             ZyXMLAttribute & attribute = attributes.emplace_back();
-            if (isClassic) {
+            if (isClassic && name.find_first_of(" \t\n\v\f\r") == std::string_view::npos) {
                 ZyTextAccess::set(attribute.state().name, name);
-            } else {
+            } else { // checks, too
                 attribute.setName(ZyString(std::string(name)));
             }
         }
