@@ -32,9 +32,8 @@ private:
     static void SetUp(ZyXMLRule & rule)
     {
         ZySharedPtr<Limit> const limit = rule.remember("val", ZySharedPtr<Limit>(new Limit));
-        rule.addChildRule("Name", [limit](ZyXMLRule &, ZyXMLElementReader & element) {
-            limit->name = element.readText();
-        });
+        rule.addChildRule(
+            "Name", [limit](ZyXMLRule &, ZyXMLElementReader & element) { limit->name = element.readText(); });
         rule.addChildRule<int>("Value", [limit](ZyUniquePtr<int> value) { limit->value = *value; });
     }
     // At each element: emptied in place, since the children hold on to it.
