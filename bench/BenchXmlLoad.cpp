@@ -22,8 +22,6 @@
 #endif
 
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -162,29 +160,6 @@ void registerLimits()
 
 constexpr std::uint64_t recordsBytes = 100000000;
 
-/** Makes the library of records, in groups of 100, unless it is there. \return its path */
-std::string libraryFile(std::uint64_t bytes)
-{
-    std::string const path = dataFile("library-" + std::to_string(bytes) + ".xml");
-    if (!std::filesystem::exists(path)) {
-        std::ofstream out(path + ".part", std::ios::binary);
-        Random random(3);
-        out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?><library version=\"1.0\">";
-        for (std::uint64_t written = 0; written < bytes;) {
-            std::string group = "\n <group>";
-            for (int i = 0; i < 100; ++i) {
-                appendXmlRecord(random, group);
-            }
-            out << group << "\n </group>";
-            written += group.size();
-        }
-        out << "\n</library>";
-        out.close();
-        std::filesystem::rename(path + ".part", path);
-    }
-    return path;
-}
-
 /** What a reader has seen; the same for every reader that hands out everything. */
 struct Totals
 {
@@ -228,11 +203,11 @@ void loadEverything(std::string const & path)
         totals.characters += element.readText().size();
     };
     std::string const record = "library/group/record";
-    for (std::string const & name :
-         {std::string("library"), std::string("library/group"), record, record + "/point"}) {
+    for (std::string const & name : {std::string("library"), std::string("library/group"), record,
+                                     record + "/point", record + "/tags"}) {
         loader->add(ZyUniquePtr<ZyXMLRule>(new ZyXMLLambdaRule<int>(ZyString(name), plain)));
     }
-    for (char const * name : {"/title", "/note"}) {
+    for (char const * name : {"/title", "/tags/tag", "/note"}) {
         loader->add(ZyUniquePtr<ZyXMLRule>(new ZyXMLLambdaRule<int>(ZyString(record + name), leaf)));
     }
     ZyXMLStreamReader reader{ZyFilePath(path)};
@@ -279,7 +254,7 @@ void readStrings(std::string const & path)
 
 void registerRecords()
 {
-    std::string const path = libraryFile(recordsBytes);
+    std::string const path = recordsFile(recordsBytes);
     for (int const rules : {1, 21, 61}) {
         addJob("xml-rules/records/ours-" + std::to_string(rules),
                [path, rules] { loadUnderRules(path, rules); });

@@ -86,7 +86,7 @@ public:
      *
      * \deliberate{date-time-comes-back} The text is read at fixed places, and the one check is that the value gives the
      * same text again, without regard to case. So dates that do not exist and other forms are refused, among
-     * them years that have not four digits, which toString() does not fill up with zeros.
+     * them most years that have not four digits, which toString() does not fill up with zeros.
      *
      * \throws ZyUnknownXMLAttributeException there is no attribute "time" or "rep": "Unknown attribute: " and the name
      * \throws ZyInvalidParameterException the text does not come back: the text
