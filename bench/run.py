@@ -151,8 +151,8 @@ FIGURES = [
     Figure("csv", "peak memory, CSV out (file device)", ["csv-out/ours-file-device"], "peak", None, "MiB"),
 ]
 
-FAMILIES = ["strings", "numbers", "base64", "containers", "csv", "tables", "properties", "xlsx", "zip", "devices",
-            "dom"]
+FAMILIES = ["strings", "numbers", "base64", "containers", "csv", "tables", "properties", "xlsx", "zip", "devices", "dom",
+            "xml_in", "xml_load", "xml_out"]
 
 
 class Results:
