@@ -96,6 +96,7 @@ public:
 
     /** The day of the month, from 1. */
     int day() const;
+    /** The month, January is 0. */
     Month month() const;
     /** All digits of the year. */
     int year() const;
@@ -109,6 +110,7 @@ public:
     ZyString dayName() const;
     /** "January" to "December". */
     ZyString monthName() const;
+    /** The view. */
     Representation representation() const;
     /** Changes the view; the moment stays. */
     void setRepresentation(Representation representation);

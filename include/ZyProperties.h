@@ -68,7 +68,9 @@ public:
     /** The properties themselves, in order. Adding ends the validity of iterators, not that of pointers. */
     ZyIterator<ZyProperty> begin();
     ZyIterator<ZyProperty const> begin() const;
+    /** The end of the properties. */
     ZyIterator<ZyProperty> end();
+    /** The end of the properties. */
     ZyIterator<ZyProperty const> end() const;
     /** Visits the properties in order; \a visit may add properties, which are visited too. */
     void forEach(std::function<void(ZyProperty &)> const & visit);

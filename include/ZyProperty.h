@@ -36,9 +36,13 @@ public:
     ZyString const & name() const { return m_name; }
     /** The value, on loan. */
     ZyVariant const & value() const { return m_value; }
+    /** Gives the property another name; sets that hold it do not notice. */
     void setName(ZyString const & name);
+    /** The same, taking \a name over. */
     void setName(ZyString && name);
+    /** Gives the property another value. */
     void setValue(ZyVariant const & value);
+    /** The same, taking \a value over. */
     void setValue(ZyVariant && value);
 
     /** Whether the names are equal, without regard to case. */

@@ -15,6 +15,7 @@ template <class T>
 class ZyTemplateObject : public ZyObject
 {
 public:
+    /** Holds \a value. */
     explicit ZyTemplateObject(T value) : m_value(std::move(value)) {}
 
     /** The value, on loan. */

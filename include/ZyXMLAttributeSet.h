@@ -30,7 +30,9 @@ class ZyString;
 class ZYCORE_EXPORT ZyXMLAttributeSet : public ZyPrivateObject
 {
 public:
+    /** Walks over the attributes in order. */
     using iterator = std::vector<ZyXMLAttribute>::iterator;
+    /** Walks over the attributes in order. */
     using const_iterator = std::vector<ZyXMLAttribute>::const_iterator;
 
     /** No attributes. */

@@ -46,6 +46,7 @@ public:
         ZyPrivatePtr<Private> m_d;
     };
 
+    /** Reads \a element, whose name and attributes are taken as they are now; it may be null. */
     explicit ZyXMLDomElementReader(ZyXMLDomElement const & element);
     /** Copies name and attributes as \a other has them, and shares its children. */
     ZyXMLDomElementReader(ZyXMLDomElementReader const & other);
