@@ -120,7 +120,8 @@ std::vector<Entry> entriesOf(Fuzz::Input & input)
 {
     std::vector<Entry> entries;
     while (!input.isEmpty() && entries.size() < 20) {
-        std::string name = "n" + std::to_string(entries.size()) + std::string(input.text(input.byte() % 200));
+        std::string name =
+            "n" + std::to_string(entries.size()) + "_" + std::string(input.text(input.byte() % 200));
         name = name.substr(0, name.find('\0'));
         auto const level = static_cast<ZyZipArchive::Compression>(input.byte() % 4);
         int const times = 1 + input.byte() % 8;
@@ -129,7 +130,12 @@ std::vector<Entry> entriesOf(Fuzz::Input & input)
         for (int i = 0; i < times; ++i) {
             content += piece;
         }
-        entries.push_back({ZyFilePath(name), content, level});
+        ZyFilePath const path(name);
+        bool const isNew = std::none_of(entries.begin(), entries.end(),
+                                        [&path](Entry const & entry) { return entry.name == path; });
+        if (isNew) { // of two entries of one name, opening finds the first
+            entries.push_back({path, content, level});
+        }
     }
     return entries;
 }

@@ -12,16 +12,31 @@
 
 #include <array>
 #include <cstddef>
+#include <cstring>
 #include <locale>
 #include <unordered_map>
 
 namespace
 {
-/** Takes the next of several texts that end with a NUL each. */
+using Size = std::size_t;
+
+/** Appends a text behind its size. */
+void put(std::string & texts, QStringRef const & text)
+{
+    std::size_t const place = texts.size();
+    texts.append(sizeof(Size), '\0');
+    ZyUtf8::append(texts, text);
+    Size const size = texts.size() - place - sizeof(Size);
+    std::memcpy(&texts[place], &size, sizeof size);
+}
+
+/** Takes the next of several texts. */
 std::string_view take(std::string_view & texts)
 {
-    std::string_view const first = texts.substr(0, texts.find('\0'));
-    texts.remove_prefix(first.size() + 1);
+    Size size = 0;
+    std::memcpy(&size, texts.data(), sizeof size);
+    std::string_view const first = texts.substr(sizeof size, size);
+    texts.remove_prefix(sizeof size + size);
     return first;
 }
 
@@ -78,15 +93,15 @@ private:
 ZyXMLAttributeReading::ZyXMLAttributeReading(QXmlStreamAttributes const & attributes)
     : m_count(static_cast<std::size_t>(attributes.size()))
 {
-    int size = 0;
+    std::size_t size = 0;
     for (QXmlStreamAttribute const & attribute : attributes) {
-        size += attribute.name().size() + attribute.value().size() + 2;
+        size += static_cast<std::size_t>(attribute.name().size() + attribute.value().size());
+        size += 2 * sizeof(Size);
     }
-    m_text.reserve(static_cast<std::size_t>(size));
+    m_text.reserve(size);
     for (QXmlStreamAttribute const & attribute : attributes) {
         for (QStringRef const & text : {attribute.name(), attribute.value()}) {
-            ZyUtf8::append(m_text, text);
-            m_text += '\0';
+            put(m_text, text);
         }
     }
 }

@@ -35,5 +35,6 @@ public:
 
 private:
     std::size_t m_count;
-    std::string m_text; ///< name, NUL, value, NUL for each: no XML text has a NUL
+    std::string
+        m_text; ///< name and value of each, every text behind its size: in memory, texts may hold a NUL
 };

@@ -7,6 +7,7 @@
 #include <ZyException.h>
 #include <ZyString.h>
 #include <ZyXMLAttribute.h>
+#include <ZyXMLAttributeSet.h>
 #include <ZyXMLDomDocument.h>
 
 #include <gtest/gtest.h>
@@ -93,6 +94,20 @@ TEST_F(ZyXMLDomElements, ReferToOneNodeInAllCopies)
     EXPECT_EQ(root.name().toStdString(), "b");
     EXPECT_EQ(root.attribute("x").toStdString(), "1");
     EXPECT_EQ(printed(), "<b x=\"1\"/>");
+}
+
+// A document in memory takes what no document may hold.
+TEST_F(ZyXMLDomElements, KeepAttributesApartThatHoldAZeroByte)
+{
+    ZyXMLDomElement root = rootOf("<a/>");
+    root.setAttribute("x", ZyString(std::string("1\0002", 3)));
+    root.setAttribute("y", "3");
+    ZyXMLAttributeSetPtr const attributes = root.attributes();
+    EXPECT_EQ(attributes->size(), 2u);
+    EXPECT_EQ(attributes->readAttribute("x").toStdString(), root.attribute("x").toStdString());
+    EXPECT_EQ(attributes->readAttribute("y").toStdString(), "3");
+    EXPECT_EQ(rootOf(std::string("<a x='1\0002' y='3'/>", 18)).attributes()->readAttribute("y").toStdString(),
+              "3");
 }
 
 TEST_F(ZyXMLDomElements, HaveAllTextBelowJoined)
