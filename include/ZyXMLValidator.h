@@ -45,6 +45,8 @@ public:
      *         words of the parser, which are XHTML
      * \throws ZyInvalidXMLException the file does not satisfy the schema: "Invalid XML: " the file ", for schema: " and the
      *         path of the schema
+     * \throws ZyXMLException the system has no thread left, in which the validation runs: "Cannot start a thread for the
+     *         validation"
      */
     bool isValid(ZyString const & schema, bool throwOnFailure) const;
 

@@ -178,8 +178,10 @@ private:
 template <class Function>
 void runApart(Function const & function)
 {
+    bool hasRun = false;
     std::exception_ptr failure;
     std::unique_ptr<QThread> const thread(QThread::create([&] {
+        hasRun = true;
         try {
             function();
         } catch (...) {
@@ -190,6 +192,9 @@ void runApart(Function const & function)
     thread->wait();
     if (failure) {
         std::rethrow_exception(failure);
+    }
+    if (!hasRun) { // no thread was to be had, of which Qt tells nobody
+        throw ZyXMLException("Cannot start a thread for the validation");
     }
 }
 } // namespace

@@ -3,6 +3,7 @@
 #include <ZyXMLValidator.h>
 
 #include "Listener.h"
+#include "Restricted.h"
 #include "ScratchDirectory.h"
 #include "ThrowsMessage.h"
 
@@ -279,6 +280,24 @@ TEST_F(ZyXMLValidators, RunInSeveralThreads)
         thread.join();
     }
     EXPECT_EQ(right, std::vector<int>(4, 20));
+}
+
+TEST(ZyXMLValidator, IsNotContentWithoutAThread)
+{
+    EXPECT_EXIT(
+        {
+            Restricted::denyThreads();
+            Restricted::exitWith([] {
+                try {
+                    ZyXMLValidator("x.xml").isValid("x.xsd", true);
+                } catch (ZyXMLException const & failure) {
+                    return failure.message().toStdString() == "Cannot start a thread for the validation" &&
+                           !ZyXMLValidator("x.xml").isValid("x.xsd", false);
+                }
+                return false;
+            });
+        },
+        testing::ExitedWithCode(0), "");
 }
 
 TEST_F(ZyXMLValidators, LetAStreamReaderReadAValidFile)

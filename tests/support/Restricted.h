@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What a child process of a test may be denied: a large file, the rights of root. For use in EXPECT_EXIT.
+// What a child process of a test may be denied: a large file, the rights of root, threads. For use in
+// EXPECT_EXIT.
 #pragma once
 
 #include <csignal>
@@ -27,6 +28,16 @@ inline void dropRights()
     constexpr unsigned nobody = 65534;
     if (::geteuid() == 0 && (::setgid(nobody) != 0 || ::setuid(nobody) != 0)) {
         std::_Exit(97);
+    }
+}
+
+/** Lets no further thread be started. Gives up the rights of root, which no such limit binds. */
+inline void denyThreads()
+{
+    dropRights();
+    rlimit const limit = {1, 1};
+    if (::setrlimit(RLIMIT_NPROC, &limit) != 0) {
+        std::_Exit(96);
     }
 }
 
