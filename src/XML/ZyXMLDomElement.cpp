@@ -233,8 +233,13 @@ std::list<ZyXMLDomElement> ZyXMLDomElement::children() const
 
 std::list<ZyXMLDomElement> ZyXMLDomElement::children(ZyString const & name) const
 {
-    std::list<ZyXMLDomElement> result = children();
-    result.remove_if([&](ZyXMLDomElement const & child) { return child.name() != name; });
+    std::list<ZyXMLDomElement> result;
+    QDomElement child = d()->element.firstChildElement();
+    for (; !child.isNull(); child = child.nextSiblingElement()) {
+        if (ZyString(child.tagName()) == name) {
+            result.push_back(ZyXMLDomElement(child, d()->document));
+        }
+    }
     return result;
 }
 

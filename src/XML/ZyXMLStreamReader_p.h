@@ -144,9 +144,4 @@ public:
     }
     /** The local name of the current start or end tag, valid until the next token is read. */
     static QStringRef localName(ZyXMLStreamReader const & reader) { return of(reader).xml.name(); }
-    /** The current token. */
-    static ZyXMLStreamReader::TokenType token(ZyXMLStreamReader const & reader)
-    {
-        return of(reader).tokenType();
-    }
 };
