@@ -2,6 +2,7 @@
 // Everything at once. tools/check_umbrella.py --write makes this file from the other headers.
 #pragma once
 
+#include <XMLReport.h>
 #include <ZyBase64Converter.h>
 #include <ZyByteArray.h>
 #include <ZyCSVFile.h>

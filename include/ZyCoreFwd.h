@@ -2,6 +2,11 @@
 // Every class, declared ahead. tools/check_umbrella.py --write makes this file from the other headers.
 #pragma once
 
+struct XMLReportHeader;
+struct XMLReportInfo;
+struct XMLReportMeritFunction;
+struct XMLReportParameter;
+struct XMLReportSensValue;
 class ZyBadAllocException;
 class ZyBadVariantAccessException;
 class ZyBase64Converter;

@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace kb
 {
@@ -35,5 +36,26 @@ KB_API void SetGuidSource(std::function<std::string()> source);
  * \threads any
  */
 KB_API void SetStackAvail(std::function<std::size_t()> source);
+
+/** Something that a library has registered. */
+struct Registration
+{
+    std::string name;    ///< as the library spells it
+    std::string tag;     ///< the source that registers
+    int line = 0;        ///< the line there
+    bool filled = false; ///< whether the host has given it a value
+};
+
+/** The options that are registered now, in the order of their registration. \threads any */
+KB_API std::vector<Registration> Options();
+
+/** Gives an option its value, before or after it is registered. \threads any */
+KB_API void SetOption(char const * name, bool value);
+
+/** Takes all given values away again; the registrations stay. \threads any */
+KB_API void ClearOptions();
+
+/** How often sp_ResetFpu() has been called in this process. \threads any */
+KB_API unsigned ResetFpuCount();
 
 } // namespace kb

@@ -5,6 +5,7 @@
 #include <keelbase/YString.h>
 
 #include <cstddef>
+#include <cstdio>
 
 /**
  * The path, in UTF-8 and with forward slashes, of a file that does not exist yet: in the temporary directory,
@@ -31,3 +32,23 @@ KB_API YString sp_GetGUID();
  * \threads any; the first reading of a thread is slow, as the system's table of memory is read for it
  */
 KB_API std::size_t sp_StackAvail();
+
+/**
+ * Opens a file as std::fopen does, by a path in UTF-8 with slashes of either kind. Child processes do not
+ * inherit it. Text mode changes line ends only where the system does.
+ *
+ * \return null when it cannot be opened
+ * \threads any
+ */
+KB_API std::FILE * fopen_s_utf8(YString const & path, char const * mode);
+
+/** The last component of a path: what stands behind the last slash of either kind. Null counts as empty. */
+KB_API YString sp_GetFileName(char const * path);
+
+/**
+ * Puts the calling thread's floating point unit into the default state: no flags, no traps, rounding to
+ * nearest.
+ *
+ * \threads any
+ */
+KB_API void sp_ResetFpu();

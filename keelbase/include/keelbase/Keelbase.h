@@ -3,6 +3,9 @@
 #pragma once
 
 #include <keelbase/KbPrintf.h>
+#include <keelbase/KbRegistry.h>
 #include <keelbase/KbSystem.h>
+#include <keelbase/KbText.h>
 #include <keelbase/KbTypes.h>
+#include <keelbase/YContainers.h>
 #include <keelbase/YString.h>
