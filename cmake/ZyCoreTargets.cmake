@@ -22,3 +22,12 @@ function(zycore_settings target)
   endif()
   zycore_sanitize(${target})
 endfunction()
+
+# zycore_test_settings(<target>): the same, compiled fast: compiling the tests is most of the work of a build, and what they
+# test keeps its own optimisation.
+function(zycore_test_settings target)
+  zycore_settings(${target})
+  if(NOT MSVC)
+    target_compile_options(${target} PRIVATE -g1 $<IF:$<BOOL:${ZYCORE_SANITIZE}>,-O0,-O1>)
+  endif()
+endfunction()
