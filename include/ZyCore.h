@@ -25,6 +25,7 @@
 #include <ZyGlobal.h>
 #include <ZyGlobalObject.h>
 #include <ZyHash.h>
+#include <ZyHistogram.h>
 #include <ZyIODevice.h>
 #include <ZyIterator.h>
 #include <ZyList.h>

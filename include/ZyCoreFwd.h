@@ -36,6 +36,7 @@ class ZyFileSaveException;
 class ZyFileSystem;
 class ZyGlobal;
 class ZyGlobalObject;
+class ZyHistogram;
 class ZyIODevice;
 class ZyIOException;
 class ZyIOInvalidReadException;
