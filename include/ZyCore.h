@@ -3,12 +3,16 @@
 #pragma once
 
 #include <XMLReport.h>
+#include <ZyAbstractParallelProblem.h>
+#include <ZyAsyncThread.h>
 #include <ZyBase64Converter.h>
 #include <ZyByteArray.h>
 #include <ZyCSVFile.h>
 #include <ZyCSVWriter.h>
+#include <ZyCallbackManager.h>
 #include <ZyCaseSensitiveString.h>
 #include <ZyComparableString.h>
+#include <ZyConditionVariable.h>
 #include <ZyContainer.h>
 #include <ZyCoreFwd.h>
 #include <ZyDataTable.h>

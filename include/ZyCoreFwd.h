@@ -7,6 +7,8 @@ struct XMLReportInfo;
 struct XMLReportMeritFunction;
 struct XMLReportParameter;
 struct XMLReportSensValue;
+class ZyAbstractParallelProblem;
+class ZyAsyncThread;
 class ZyBadAllocException;
 class ZyBadVariantAccessException;
 class ZyBase64Converter;
@@ -17,6 +19,7 @@ class ZyCSVWriter;
 class ZyCannotOpenFileException;
 class ZyCaseSensitiveString;
 class ZyComparableString;
+class ZyConditionVariableAbstract;
 class ZyDataTable;
 class ZyDataTableItem;
 class ZyDataTableRow;
@@ -128,6 +131,10 @@ class ZyZipFile;
 class ZyZipper;
 template <class T>
 class ZyCRef;
+template <class S, class A>
+class ZyCallbackManager;
+template <class T>
+class ZyConditionVariable;
 template <class T>
 class ZyContainer;
 template <class T, int N>
