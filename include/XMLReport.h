@@ -196,8 +196,10 @@ ZYCORE_EXPORT bool sp_BuildWorstCaseHTMLReport(YString const & path, YString con
  *
  * \param path, cssPath as in sp_BuildMonteCarloHTMLReport
  * \param sortColumn 0 sorts by case number and 1 by description, ascending; from 2 on, three a merit
- * function, by value, delta and norm, with the largest magnitude first; beyond the last column, by the value
- * before it \return whether the page could be opened for writing; later failures are not told
+ * function, by value, delta and norm, with the largest magnitude first. Numbers go by magnitude, equal runs
+ * as in the table. More than one beyond the last column of the reference run it means that column.
+ *
+ * \return whether the page could be opened for writing; later failures are not told
  */
 ZYCORE_EXPORT bool sp_BuildHTMLSensitivityReport(YString const & path, YString const & cssPath,
                                                  YHashTable<XMLReportInfo> const & table,
