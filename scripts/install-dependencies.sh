@@ -34,6 +34,8 @@ if [ "$purpose" != demo ]; then
 fi
 if [ "$purpose" = ci ]; then
     packages+=(clang-format clang-tidy libclang-rt-14-dev doxygen graphviz libbenchmark-dev git util-linux)
+    # The browser that opens the HTML pages.
+    packages+=(chromium)
 fi
 
 if [ "${2:-}" = --list ]; then
