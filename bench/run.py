@@ -97,6 +97,9 @@ def rows():
         add("dom", f"DOM: load 20 MB, {kind}", f"dom-load/{kind}/ours", {"QDomDocument": (1.1, None)})
         add("dom", f"DOM: save 20 MB, {kind}", f"dom-save/{kind}/ours", {"QDomDocument": (1.1, None)})
     add("dom", "DOM: load, look at every real, save", "dom-visit/plain/ours", {"QDomDocument": (None, None)})
+    add("html", "HTML log, 10,000 runs x 10 merit functions, 14 parameters", "html-log/ours",
+        {"fprintf": (1, 0.5), "to_chars": (None, None), "ofstream": (None, None), "QTextStream": (None, None)})
+    add("html", "HTML sensitivity page of the same runs", "html-sensitivity/ours", {"fprintf": (1, 0.5)})
     add("xml_load", "1,000,000 records into structs by rules", "xml-load/limits/ours",
         {"QXmlStreamReader": (2.5, 1.5), "property_tree": (1, None)})
     for rules in ("1", "21", "61"):
@@ -152,7 +155,7 @@ FIGURES = [
 ]
 
 FAMILIES = ["strings", "numbers", "base64", "containers", "csv", "tables", "properties", "xlsx", "zip", "devices", "dom",
-            "xml_in", "xml_load", "xml_out"]
+            "html", "xml_in", "xml_load", "xml_out"]
 
 
 class Results:
