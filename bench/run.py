@@ -109,6 +109,9 @@ def rows():
         {"QXmlStreamReader": (3, 2)})
     add("xml_in", "XML in, 100 MB, elements, attributes and texts", "xml-in/ours", {"QXmlStreamReader": (2, 1.3)})
     add("xml_in", "16,000 attributes on one element", "xml-attributes/ours", {"QXmlStreamReader": (1.5, None)})
+    for name in ("pow", "sqrt"):
+        add("maths", f"guarded `{name.title()}`", f"guarded/{name}/ours", {"plain": (4, 2), "cfenv": (None, None)})
+    add("maths", "guarded `Cosh`", "guarded/cosh/ours", {"plain": (None, None)})
     add("xml_out", "XML out, 100 MB, element writers", "xml-out/ours", {"QXmlStreamWriter": (1.3, 1)})
     return table
 
@@ -155,7 +158,7 @@ FIGURES = [
 ]
 
 FAMILIES = ["strings", "numbers", "base64", "containers", "csv", "tables", "properties", "xlsx", "zip", "devices", "dom",
-            "html", "xml_in", "xml_load", "xml_out"]
+            "html", "maths", "xml_in", "xml_load", "xml_out"]
 
 
 class Results:
