@@ -112,6 +112,8 @@ def rows():
     for name in ("pow", "sqrt"):
         add("maths", f"guarded `{name.title()}`", f"guarded/{name}/ours", {"plain": (4, 2), "cfenv": (None, None)})
     add("maths", "guarded `Cosh`", "guarded/cosh/ours", {"plain": (None, None)})
+    add("undo", "1,000,000 actions recorded, undone, redone", "undo-all/ours", {"QUndoStack": (1, None)})
+    add("undo", "1,000,000 actions, the last 100 kept", "undo-record/ours", {"QUndoStack": (1, None)})
     add("xml_out", "XML out, 100 MB, element writers", "xml-out/ours", {"QXmlStreamWriter": (1.3, 1)})
     return table
 
@@ -121,6 +123,8 @@ def rows():
 Figure = namedtuple("Figure", "family label names kind limit unit")
 
 FIGURES = [
+    Figure("undo", "time of recording with a limit of 100 / without", ["undo-record/ours-no-limit", "undo-record/ours"],
+           "time", 1.1, "x"),
     Figure("xml_load", "time of 61 rules / 1 rule", ["xml-rules/records/ours-1", "xml-rules/records/ours-61"], "time", 1.1,
            "x"),
 ] + [
@@ -158,7 +162,7 @@ FIGURES = [
 ]
 
 FAMILIES = ["strings", "numbers", "base64", "containers", "csv", "tables", "properties", "xlsx", "zip", "devices", "dom",
-            "html", "maths", "xml_in", "xml_load", "xml_out"]
+            "html", "maths", "undo", "xml_in", "xml_load", "xml_out"]
 
 
 class Results:

@@ -4,6 +4,8 @@
 
 #include <XMLReport.h>
 #include <ZyAbstractParallelProblem.h>
+#include <ZyAction.h>
+#include <ZyActionGroup.h>
 #include <ZyAsyncThread.h>
 #include <ZyBase64Converter.h>
 #include <ZyByteArray.h>
@@ -11,6 +13,7 @@
 #include <ZyCSVWriter.h>
 #include <ZyCallbackManager.h>
 #include <ZyCaseSensitiveString.h>
+#include <ZyColour.h>
 #include <ZyComparableString.h>
 #include <ZyConditionVariable.h>
 #include <ZyContainer.h>
@@ -62,6 +65,7 @@
 #include <ZyTimePoint.h>
 #include <ZyTypes.h>
 #include <ZyUUID.h>
+#include <ZyUndoManager.h>
 #include <ZyUniquePtr.h>
 #include <ZyVariant.h>
 #include <ZyVariantTable.h>
