@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <atomic>
 #include <functional>
+#include <memory>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -60,13 +61,19 @@ public:
 
     /** \a work is done for every item, before the memory takes it. */
     CountingProblem(unsigned int threads, unsigned int items, Work work = {})
-        : ZyAbstractParallelProblem(threads), m_source(items), m_work(std::move(work))
+        : CountingProblem(threads, std::make_unique<CountingSource>(items), std::move(work))
+    {}
+    CountingProblem(unsigned int threads, std::unique_ptr<CountingSource> source, Work work = {})
+        : ZyAbstractParallelProblem(threads), m_source(std::move(source)), m_work(std::move(work))
     {}
     ~CountingProblem() override { stopWorkers(); }
 
-    ZyUniquePtr<ThreadMemory> createThreadMemory() override { return ZyUniquePtr<ThreadMemory>(new Memory); }
-    WorkSource const & workSource() const override { return m_source; }
-    WorkSource & workSource() override { return m_source; }
+    ZyUniquePtr<ThreadMemory> createThreadMemory() override
+    {
+        return createWith ? createWith() : ZyUniquePtr<ThreadMemory>(new Memory);
+    }
+    WorkSource const & workSource() const override { return *m_source; }
+    WorkSource & workSource() override { return *m_source; }
     void solve(Item item, ThreadMemory & memory) override
     {
         if (m_work) {
@@ -78,7 +85,10 @@ public:
     }
     using ZyAbstractParallelProblem::stopWorkers;
 
-    CountingSource const & source() const { return m_source; }
+    /** Makes the memories, when there is one. */
+    std::function<ZyUniquePtr<ThreadMemory>()> createWith;
+
+    CountingSource const & source() const { return *m_source; }
     /** The items of all memories, sorted. */
     std::vector<Item> solved() const
     {
@@ -92,7 +102,7 @@ public:
     }
 
 private:
-    CountingSource m_source;
+    std::unique_ptr<CountingSource> m_source;
     Work m_work;
 };
 

@@ -4,9 +4,12 @@
 #pragma once
 
 #include <csignal>
+#include <cstddef>
 #include <cstdlib>
 #include <exception>
+#include <fstream>
 
+#include <pthread.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -38,6 +41,29 @@ inline void denyThreads()
     rlimit const limit = {1, 1};
     if (::setrlimit(RLIMIT_NPROC, &limit) != 0) {
         std::_Exit(96);
+    }
+}
+
+/**
+ * Lets one further thread be started and no more: of the memory that is left its stack takes more than half.
+ * The threads that are there already keep their small ones.
+ */
+inline void allowOneMoreThread()
+{
+    constexpr std::size_t stackSize = std::size_t(1) << 31;
+    static bool const limited = [] {
+        pthread_attr_t attributes;
+        std::ifstream sizes("/proc/self/statm");
+        std::size_t pages = 0;
+        sizes >> pages;
+        rlim_t const used = pages * static_cast<rlim_t>(::sysconf(_SC_PAGESIZE));
+        rlimit const limit = {used + stackSize / 2 * 3, used + stackSize / 2 * 3};
+        return ::pthread_attr_init(&attributes) == 0 && sizes &&
+               ::pthread_attr_setstacksize(&attributes, stackSize) == 0 &&
+               ::pthread_setattr_default_np(&attributes) == 0 && ::setrlimit(RLIMIT_AS, &limit) == 0;
+    }();
+    if (!limited) {
+        std::_Exit(95);
     }
 }
 
