@@ -56,9 +56,13 @@ std::vector<std::string> tokensOf(ZyIODevice & device)
                 }
             }
         });
-        Fuzz::require(failure.empty() || Fuzz::startsWith(failure, "ZyInvalidXMLException: Invalid XML: "),
-                      "one class of failure");
-        Fuzz::require(failure.empty() == reader.errorString().isEmpty(), "an error text with a failure only");
+        // Qt lets control characters into names, attributes do not.
+        bool const ofAttribute =
+            Fuzz::startsWith(failure, "ZyInvalidXMLAttributeName: Invalid attribute name: ");
+        bool const ofMarkup = Fuzz::startsWith(failure, "ZyInvalidXMLException: Invalid XML: ");
+        Fuzz::require(failure.empty() || ofAttribute || ofMarkup, "two classes of failure");
+        Fuzz::require(ofMarkup == !reader.errorString().isEmpty(),
+                      "an error text with a failure of markup only");
         tokens.push_back(failure);
     }
     Fuzz::require(last.expired(), "no element outlives its reader");
@@ -68,6 +72,13 @@ std::vector<std::string> tokensOf(ZyIODevice & device)
 bool isBeginOf(std::vector<std::string> const & a, std::vector<std::string> const & b)
 {
     return a.size() <= b.size() && std::equal(a.begin(), a.end() - 1, b.begin());
+}
+
+// With another encoding than that of its first bytes Qt decodes the piece anew that it has at that moment.
+bool tellsEncoding(std::string const & document)
+{
+    return document.find("encoding") != std::string::npos &&
+           document.find("encoding=\"UTF-8\"") == std::string::npos;
 }
 
 // Bytes that are no text are found in a whole piece at once, before what stands in front of them is parsed.
@@ -93,7 +104,7 @@ void readTokens(std::string const & document, std::string_view script)
     std::vector<std::string> const tokens = tokensOf(whole);
     ShortReads pieces(document, script);
     std::vector<std::string> const others = tokensOf(pieces);
-    bool const same = haveOneOrigin(tokens, others);
+    bool const same = tellsEncoding(document) || haveOneOrigin(tokens, others);
     if (!same) {
         print(tokens);
         print(others);
@@ -128,7 +139,8 @@ public:
             Fuzz::startsWith(failure, "ZyInvalidUseException: ") ||
             Fuzz::startsWith(failure, "ZyXMLException: ") ||
             Fuzz::startsWith(failure, "ZyInvalidParameterException: Invalid string length") ||
-            Fuzz::startsWith(failure, "ZyUnknownXMLAttributeException: Unknown attribute: ");
+            Fuzz::startsWith(failure, "ZyUnknownXMLAttributeException: Unknown attribute: ") ||
+            Fuzz::startsWith(failure, "ZyInvalidXMLAttributeName: Invalid attribute name: ");
         Fuzz::require(isTold, "a failure that is told");
     }
 
