@@ -41,12 +41,19 @@ constexpr unsigned long long all = static_cast<unsigned long long>(count) * (cou
 class Move : public ZyAction
 {
 public:
-    explicit Move(unsigned distance) : ZyAction("Move part"), m_distance(distance) {}
+    explicit Move(unsigned distance) : ZyAction(text()), m_distance(distance) {}
 
     void performAction() override { document += m_distance; }
     void performUndo() override { document -= m_distance; }
 
 private:
+    /** Made once, as the literal of the peer is. */
+    static ZyString const & text()
+    {
+        static ZyString const made("Move part");
+        return made;
+    }
+
     unsigned m_distance;
 };
 
