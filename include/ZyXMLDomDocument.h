@@ -27,8 +27,8 @@ class ZyString;
  * 16 MiB of text or 1,000,000 elements more than stand in the document; a compressed file may unpack to
  * 256 MiB.
  *
- * Saved and printed start tags have their attributes in the order of their names, so that the same content
- * gives the same bytes in every process.
+ * Saved and printed start tags have their attributes in the order of their names, but in result files in the
+ * order of that format; so the same content gives the same bytes in every process.
  *
  * \threads a document belongs to one thread, with all its copies and elements
  */

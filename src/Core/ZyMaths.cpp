@@ -38,9 +38,6 @@ std::uint32_t seed()
         return static_cast<std::uint32_t>(mixed >> 32);
     }
 }
-
-// Seeds while the library is loaded, so that no first draw waits for the system.
-[[maybe_unused]] ZyRandom::Engine const & seededAtLoad = ZyRandom::ProcessEngine();
 } // namespace
 
 ZyRandom::Engine & ZyRandom::ProcessEngine()

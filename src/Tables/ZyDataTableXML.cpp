@@ -10,6 +10,7 @@
 
 #include "Tables/ZyDataTable_p.h"
 #include "XML/ZyXMLBinding_p.h"
+#include "XML/ZyXMLNames_p.h"
 
 #include <memory>
 #include <utility>
@@ -38,7 +39,8 @@ int numberIn(ZyXMLElementReader const & element, char const * name, int otherwis
 
 Definition<ZyDeque<ZyVariant>> const & valuesRule()
 {
-    static auto const definition = defineDeque<ZyVariant>("Value", ZyXMLObject<ZyVariant>::LoadRule());
+    static auto const definition =
+        defineDeque<ZyVariant>(ZyXMLNames::value, ZyXMLObject<ZyVariant>::LoadRule());
     return definition;
 }
 
@@ -63,7 +65,7 @@ Definition<Item> const & itemRule()
 
 Definition<ZyDeque<Item>> const & itemsRule()
 {
-    static auto const definition = defineDeque<Item>("Item", itemRule());
+    static auto const definition = defineDeque<Item>(ZyXMLNames::item, itemRule());
     return definition;
 }
 
@@ -89,24 +91,24 @@ Definition<Row> const & rowRule()
 
 Definition<ZyDeque<Row>> const & rowsRule()
 {
-    static auto const definition = defineDeque<Row>("Row", rowRule());
+    static auto const definition = defineDeque<Row>(ZyXMLNames::row, rowRule());
     return definition;
 }
 
 void writeItem(ZyXMLElementWriter & row, ZyDataTableItem const & item)
 {
-    std::unique_ptr<ZyXMLElementWriter> const element = child(row, "Item");
+    std::unique_ptr<ZyXMLElementWriter> const element = child(row, ZyXMLNames::item);
     if (item.columnSpan() > 1) {
         element->writeAttribute(spanName, ZyString(item.columnSpan()));
     }
     for (ZyVariant const & value : item.values().std_deque()) {
-        ZyXMLObject<ZyVariant>::Write(*child(*element, "Value"), value);
+        ZyXMLObject<ZyVariant>::Write(*child(*element, ZyXMLNames::value), value);
     }
 }
 
 void writeRow(ZyXMLElementWriter & rows, ZyDataTableRow const & row)
 {
-    std::unique_ptr<ZyXMLElementWriter> const element = child(rows, "Row");
+    std::unique_ptr<ZyXMLElementWriter> const element = child(rows, ZyXMLNames::row);
     if (row.type == ZyDataTable::Header || row.type == ZyDataTable::SubHeader) {
         element->writeAttribute(headerName, "1");
     }

@@ -58,7 +58,7 @@ ZyUniquePtr<T> takeOut(ZyXMLRule & rule, char const * slot)
 
 /** Adds a typed child rule with a definition that is nobody else's business. */
 template <class T>
-void addChild(ZyXMLRule & rule, char const * name, Definition<T> const & definition,
+void addChild(ZyXMLRule & rule, ZyString const & name, Definition<T> const & definition,
               std::function<void(ZyUniquePtr<T>)> receiver)
 {
     ZySharedPtr<ZyXMLLoader> const loader = rule.loader().lock();
@@ -68,7 +68,7 @@ void addChild(ZyXMLRule & rule, char const * name, Definition<T> const & definit
 
 /** The body of all collections: one child of a name for each item. */
 template <class T>
-Definition<ZyDeque<T>> defineDeque(char const * itemName, Definition<T> const & item)
+Definition<ZyDeque<T>> defineDeque(ZyString const & itemName, Definition<T> const & item)
 {
     return define<ZyDeque<T>>(
         [itemName, item](ZyXMLRule & rule) {
@@ -83,9 +83,8 @@ Definition<ZyDeque<T>> defineDeque(char const * itemName, Definition<T> const & 
 }
 
 /** Opens a child element in the namespace of the types. */
-inline std::unique_ptr<ZyXMLElementWriter> child(ZyXMLElementWriter & parent, char const * name)
+inline std::unique_ptr<ZyXMLElementWriter> child(ZyXMLElementWriter & parent, ZyString const & name)
 {
-    static ZyString const types(ZyXMLNames::types);
-    return parent.createElement(name, types);
+    return parent.createElement(name, ZyXMLNames::types);
 }
 } // namespace ZyXMLBinding

@@ -3,6 +3,8 @@
 // tags. So no second opinion on how a document is written can arise.
 #include "XML/ZyXMLDomText_p.h"
 
+#include "XML/ZyXMLAttributeOrder_p.h"
+
 #include <QRegularExpression>
 #include <QString>
 #include <QTextCodec>
@@ -21,8 +23,8 @@ constexpr std::size_t npos = std::string_view::npos;
 class AttributeSorter
 {
 public:
-    explicit AttributeSorter(QByteArray & markup)
-        : m_begin(markup.data()), m_text(m_begin, static_cast<std::size_t>(markup.size()))
+    AttributeSorter(QByteArray & markup, ZyXMLAttributeOrder::Format const * format)
+        : m_begin(markup.data()), m_text(m_begin, static_cast<std::size_t>(markup.size())), m_format(format)
     {}
 
     void run()
@@ -38,6 +40,7 @@ private:
     {
         std::string_view whole;
         std::string_view name;
+        unsigned rank; ///< goes before the name
     };
 
     /** From a "<" on to behind what it begins. */
@@ -89,6 +92,7 @@ private:
         m_attributes.clear();
         std::size_t const first = m_text.find_first_of(" />", m_at);
         ++m_at;
+        ZyXMLAttributeOrder::Element const * const element = elementOf(m_text.substr(m_at, first - m_at));
         std::size_t next = first;
         while (next != npos && m_text[next] == ' ') {
             std::size_t const equals = m_text.find("=\"", next);
@@ -96,8 +100,8 @@ private:
             if (close == npos) {
                 return;
             }
-            m_attributes.push_back(
-                {m_text.substr(next, close + 1 - next), m_text.substr(next + 1, equals - next - 1)});
+            std::string_view const name = m_text.substr(next + 1, equals - next - 1);
+            m_attributes.push_back({m_text.substr(next, close + 1 - next), name, rankOf(element, name)});
             next = close + 1;
         }
         if (next == npos || next == m_text.size() || (m_text[next] != '/' && m_text[next] != '>')) {
@@ -107,13 +111,33 @@ private:
         sort(first);
     }
 
+    /** What the format says of an element; null when it says nothing. */
+    ZyXMLAttributeOrder::Element const * elementOf(std::string_view name) const
+    {
+        if (m_format) {
+            for (ZyXMLAttributeOrder::Element const & element : *m_format) {
+                if (element.name == name) {
+                    return &element;
+                }
+            }
+        }
+        return nullptr;
+    }
+
+    static unsigned rankOf(ZyXMLAttributeOrder::Element const * element, std::string_view attribute)
+    {
+        return element ? ZyXMLAttributeOrder::rank(*element, attribute) : 0;
+    }
+
     void sort(std::size_t first)
     {
-        auto const byName = [](Attribute const & a, Attribute const & b) { return a.name < b.name; };
-        if (std::is_sorted(m_attributes.begin(), m_attributes.end(), byName)) {
+        auto const inOrder = [](Attribute const & a, Attribute const & b) {
+            return a.rank != b.rank ? a.rank < b.rank : a.name < b.name;
+        };
+        if (std::is_sorted(m_attributes.begin(), m_attributes.end(), inOrder)) {
             return;
         }
-        std::stable_sort(m_attributes.begin(), m_attributes.end(), byName);
+        std::stable_sort(m_attributes.begin(), m_attributes.end(), inOrder);
         m_sorted.clear();
         for (Attribute const & attribute : m_attributes) {
             m_sorted += attribute.whole;
@@ -123,6 +147,7 @@ private:
 
     char * m_begin;
     std::string_view m_text;
+    ZyXMLAttributeOrder::Format const * m_format; ///< null: all attributes by their names
     std::size_t m_at = 0;
     std::vector<Attribute> m_attributes; ///< of the tag at hand; kept for their memory
     std::string m_sorted;
@@ -143,13 +168,9 @@ QTextCodec * codecOf(QDomDocument const & document)
 QByteArray ZyXMLDomText::of(QDomDocument const & document, int indent)
 {
     QByteArray markup = document.toByteArray(indent);
-    sortAttributes(markup);
+    std::string const space = document.documentElement().attribute(QStringLiteral("xmlns")).toStdString();
+    AttributeSorter(markup, ZyXMLAttributeOrder::formatOf(space)).run();
     return markup;
-}
-
-void ZyXMLDomText::sortAttributes(QByteArray & markup)
-{
-    AttributeSorter(markup).run();
 }
 
 /** What the encoding lacks has become references to characters already, when QDomDocument wrote the text. */

@@ -1,9 +1,17 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The namespaces of the suite's own documents.
+// The names of the suite's own documents that more than one source needs.
 #pragma once
+
+class ZyString;
 
 namespace ZyXMLNames
 {
-/** Of all elements that the standard bindings write. */
-constexpr char const * types = "http://schemas.zycore.example/schemas/application/zytypes/";
+// Made while the library is loaded.
+extern ZyString const row;   ///< of a row of a rich table
+extern ZyString const item;  ///< of an item of a row
+extern ZyString const value; ///< of a value of an item
+extern ZyString const types; ///< the namespace of all elements that the standard bindings write
+
+/** The namespace of result files. */
+constexpr char const * msw = "http://schemas.zycore.example/schemas/application/msw/";
 } // namespace ZyXMLNames
