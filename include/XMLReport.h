@@ -123,8 +123,8 @@ ZYCORE_EXPORT bool sp_WriteMswFile(YString const & path, YHashTable<XMLReportInf
  * the case number. The labels are short texts such as "Ref: R1.res", made from the name and as long as needed
  * to tell the runs apart; runs with equal names get none.
  *
- * Foreign input is bounded: a table takes 33,554,432 values, those included that a run is given because
- * others have them.
+ * Foreign input is bounded: a table takes 16,777,216 values, parameters, runs and merit functions together,
+ * those values included that a run is given because another one has them; at most 65,536 files are read.
  *
  * \return false when any file is missing, malformed, of another version or too deep; or too much. What was
  *         read before stays, and everything is computed from it.
