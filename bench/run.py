@@ -96,6 +96,9 @@ def rows():
     for kind in ("plain", "compressed"):
         add("dom", f"DOM: load 20 MB, {kind}", f"dom-load/{kind}/ours", {"QDomDocument": (1.1, None)})
         add("dom", f"DOM: save 20 MB, {kind}", f"dom-save/{kind}/ours", {"QDomDocument": (1.1, None)})
+    add("msw", "result file, 10,000 runs x 10 parameters: write", "msw-write/10000/ours", {"QDomDocument": (1.3, None)})
+    add("msw", "result file, 10,000 runs x 10 parameters: read and compute", "msw-read/10000/ours",
+        {"QDomDocument": (1.3, None)})
     add("dom", "DOM: load, look at every real, save", "dom-visit/plain/ours", {"QDomDocument": (None, None)})
     add("html", "HTML log, 10,000 runs x 10 merit functions, 14 parameters", "html-log/ours",
         {"fprintf": (1, 0.5), "to_chars": (None, None), "ofstream": (None, None), "QTextStream": (None, None)})
@@ -145,6 +148,8 @@ FIGURES = [
     Figure("strings", "replace: time of 20,000 places / 2,000", ["replace/2000/ours", "replace/20000/ours"], "time", 20, "x"),
     Figure("strings", "tokenize: time of 20,000 pieces / 2,000", ["tokenize/2000/ours", "tokenize/20000/ours"], "time", 20,
            "x"),
+    Figure("msw", "result file: writing 10,000 runs / 2,500", ["msw-write/2500/ours", "msw-write/10000/ours"], "time", 5, "x"),
+    Figure("msw", "result file: reading 10,000 runs / 2,500", ["msw-read/2500/ours", "msw-read/10000/ours"], "time", 5, "x"),
     Figure("zip", "unpack: time of 10,000 entries / 1,000", ["zip-unpack/1000/ours", "zip-unpack/10000/ours"], "time", 20,
            "x"),
     Figure("zip", "memory: pack 1 GiB above pack 1,000 files", ["zip-pack/1000/ours", "zip-pack/large/ours"], "memory", 4,
