@@ -18,7 +18,7 @@ if [ "${1:-}" = --seconds ]; then
     seconds=$2
     shift 2
 fi
-all=(base64 csv path zip xmlreader xmlloader xmldom datetime)
+all=(base64 csv path zip xmlreader xmlloader xmldom msw datetime)
 targets=("$@")
 [ $# -gt 0 ] || targets=("${all[@]}")
 
@@ -32,6 +32,7 @@ settings() {
     xmlreader) runs=10000 length=1024 ;;
     xmlloader) runs=4000 length=1024 ;;
     xmldom) runs=20000 length=1024 ;;
+    msw) runs=8000 length=1024 ;;
     datetime) runs=30000 length=64 ;;
     *)
         echo "No such target: $1 (there are: ${all[*]})" >&2
