@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 
 namespace bench
 {
@@ -25,14 +26,21 @@ void addJob(
  * results, so that none of them can be left out.
  */
 template <class Round>
-void addLoop(std::string const & name, unsigned operations, Round round)
+benchmark::internal::Benchmark * addLoop(std::string const & name, unsigned operations, Round round)
 {
-    benchmark::RegisterBenchmark(name.c_str(), [operations, round](benchmark::State & state) {
+    return benchmark::RegisterBenchmark(name.c_str(), [operations, round](benchmark::State & state) {
         for (auto _ : state) {
             benchmark::DoNotOptimize(round());
         }
         state.SetItemsProcessed(state.iterations() * operations);
     });
+}
+
+/** The same by the clock: for operations of several threads, where the time of one processor says nothing. */
+template <class Round>
+void addClockedLoop(std::string const & name, unsigned operations, Round round)
+{
+    addLoop(name, operations, std::move(round))->UseRealTime();
 }
 
 /** Throws std::runtime_error with \a what unless \a good: a job that has not done its work has no time. */

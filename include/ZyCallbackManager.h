@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <functional>
 #include <mutex>
+#include <vector>
 
 /**
  * Functions to be called with a state S and an argument A whenever an event occurs.
@@ -77,11 +78,11 @@ public:
 
 private:
     /** The functions of this moment, which is what an event walks. */
-    std::deque<ZyWeakPtr<Function>> alive()
+    std::vector<ZyWeakPtr<Function>> alive()
     {
         std::lock_guard<std::mutex> const lock(m_mutex);
         purge();
-        return m_functions.std_deque();
+        return {m_functions.std_deque().begin(), m_functions.std_deque().end()};
     }
     void purge()
     {
