@@ -132,9 +132,9 @@ public:
     public:
         Hyperbolic() = delete;
 
-        /** \throws ZyOverflowException \a x is beyond about 710.48 on either side, and finite */
+        /** The hyperbolic cosine. \throws ZyOverflowException \a x is finite and beyond about 710.48 on either side */
         static double Cosh(double const & x);
-        /** \throws ZyOverflowException as Cosh() */
+        /** The hyperbolic sine. \throws ZyOverflowException as Cosh() */
         static double Sinh(double const & x);
     };
 

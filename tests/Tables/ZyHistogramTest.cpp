@@ -18,6 +18,7 @@ using Numbers = std::vector<double>;
 
 static_assert(std::has_virtual_destructor_v<ZyHistogram> && std::has_virtual_destructor_v<Bin>);
 static_assert(sizeof(ZyHistogram) == 2 * sizeof(void *));
+static_assert(sizeof(Bin) == sizeof(void *) + 3 * sizeof(double), "a frequency takes the place of a double");
 static_assert(std::is_copy_constructible_v<ZyHistogram> && std::is_copy_assignable_v<ZyHistogram>);
 static_assert(!std::is_default_constructible_v<ZyHistogram>);
 static_assert(std::is_same_v<decltype(std::declval<ZyHistogram const &>().begin()), ZyIterator<Bin const>>);
