@@ -48,7 +48,6 @@ public:
     ZyColour(ZyColour const & other);
     /** Takes the channels as they are. */
     ZyColour(ZyColour && other) noexcept;
-    ~ZyColour();
 
     /** Takes the channels as they are. */
     ZyColour & operator=(ZyColour const & other);

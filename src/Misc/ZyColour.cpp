@@ -44,8 +44,6 @@ ZyColour::ZyColour(ZyColour const & other) : ZyColour(other.m_red, other.m_green
 // Does not throw, so a vector that grows moves its colours and does not clamp them.
 ZyColour::ZyColour(ZyColour && other) noexcept = default;
 
-ZyColour::~ZyColour() = default;
-
 ZyColour & ZyColour::operator=(ZyColour const & other) = default;
 
 ZyColour & ZyColour::operator=(ZyColour && other) noexcept = default;

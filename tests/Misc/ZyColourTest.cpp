@@ -16,6 +16,7 @@
 static_assert(sizeof(ZyColour) == 4 * sizeof(int) && !std::is_polymorphic_v<ZyColour>);
 static_assert(std::is_nothrow_move_constructible_v<ZyColour> && std::is_nothrow_move_assignable_v<ZyColour>);
 static_assert(std::is_convertible_v<ZyColour::Value, ZyColour>);
+static_assert(std::is_trivially_destructible_v<ZyColour>);
 static_assert(ZyColour::Black == 0 && ZyColour::Blue == 1 && ZyColour::Green == 2 && ZyColour::Red == 3 &&
               ZyColour::White == 4);
 
