@@ -45,7 +45,7 @@ public:
      */
     [[nodiscard]] ZySharedPtr<Function> add(Function const & function)
     {
-        ZySharedPtr<Function> const handle(new Function(function));
+        ZySharedPtr<Function> handle(new Function(function));
         std::lock_guard<std::mutex> const lock(m_mutex);
         m_functions.addUnique(handle);
         purge();

@@ -128,7 +128,7 @@ ZyAsyncThread::~ZyAsyncThread() = default;
 
 ZySharedPtr<ZyAsyncThread> ZyAsyncThread::Create(std::function<void()> const & function)
 {
-    ZySharedPtr<ZyAsyncThread> const thread(new ZyAsyncThread(function));
+    ZySharedPtr<ZyAsyncThread> thread(new ZyAsyncThread(function));
     thread->d()->weakSelf = thread;
     Registry::Instance().add(thread);
     return thread;
