@@ -5,8 +5,7 @@
 
 #include <keelbase/KbText.h>
 
-#include <string>
-#include <unordered_map>
+#include <map>
 
 namespace
 {
@@ -103,13 +102,17 @@ YString labelOf(YString const & name, int level)
     return name;
 }
 
-/** The runs without a description by their labels; null stands for several. */
-std::unordered_map<std::string, XMLReportInfo *> runsByLabel(YHashTable<XMLReportInfo> & table, int level)
+/**
+ * The runs without a description by their labels; null stands for several. No hash table: its large block of
+ * buckets would make the C library tidy up the pieces of the document that has just gone, which takes longer
+ * than all else.
+ */
+std::map<YString, XMLReportInfo *> runsByLabel(YHashTable<XMLReportInfo> & table, int level)
 {
-    std::unordered_map<std::string, XMLReportInfo *> result;
+    std::map<YString, XMLReportInfo *> result;
     table.forEach([&](int, XMLReportInfo & run) {
         if (run.description.isEmpty()) {
-            auto const [place, isNew] = result.emplace(labelOf(run.name, level).c_str(), &run);
+            auto const [place, isNew] = result.emplace(labelOf(run.name, level), &run);
             if (!isNew) {
                 place->second = nullptr;
             }

@@ -132,17 +132,17 @@ void ZyXMLDomElement::setText(ZyString const & text)
 
 ZyString ZyXMLDomElement::attribute(ZyString const & name) const
 {
-    QString const key = name.toQString();
-    if (!d()->element.hasAttribute(key)) {
+    QDomAttr const attribute = d()->element.attributeNode(name.toQString());
+    if (attribute.isNull()) {
         throw ZyUnknownXMLAttributeException(name);
     }
-    return ZyString(d()->element.attribute(key));
+    return ZyString(attribute.value());
 }
 
 ZyString ZyXMLDomElement::attribute(ZyString const & name, ZyString const & defaultValue) const
 {
-    QString const key = name.toQString();
-    return d()->element.hasAttribute(key) ? ZyString(d()->element.attribute(key)) : defaultValue;
+    QDomAttr const attribute = d()->element.attributeNode(name.toQString());
+    return attribute.isNull() ? defaultValue : ZyString(attribute.value());
 }
 
 double ZyXMLDomElement::attributeBase64(ZyString const & name) const
