@@ -43,7 +43,11 @@ public:
     {
         try {
             spendFile();
-            ZyXMLDomDocument document{ZyFilePath(ZyString(path))};
+            ZyFilePath const file{ZyString(path)};
+            if (m_depth > 0 && !isFile(file)) {
+                return false;
+            }
+            ZyXMLDomDocument document(file);
             ZyXMLDomElement root = document.root();
             return sp_TestMswVersion(root) && readRoot(root);
         } catch (...) {
@@ -75,15 +79,14 @@ private:
     {
         for (ZyXMLDomElement const & file : element.children(names().file)) {
             ++m_depth;
-            ZyString const path = file.attribute(names().path);
-            result = m_depth < maxDepth && result && isFile(path) && read(path);
+            result = m_depth < maxDepth && result && read(file.attribute(names().path));
             --m_depth;
         }
         return result;
     }
 
     /** A pipe or a device, which any file could name, would never end. */
-    static bool isFile(ZyString const & path) { return QFileInfo(NativePath::qt(ZyFilePath(path))).isFile(); }
+    static bool isFile(ZyFilePath const & path) { return QFileInfo(NativePath::qt(path)).isFile(); }
 
     void readHeader(ZyXMLDomElement const & element)
     {

@@ -364,6 +364,14 @@ TEST(XMLReportAppendFailure, OfWhatIsNoRegularFile)
     EXPECT_FALSE(readInside("<append><file path='/tmp'/></append>").isGood);
     EXPECT_FALSE(readInside("<append><file path=''/></append>").isGood);
     EXPECT_FALSE(readInside("<append><file path='/no/such/file'/></append>").isGood);
+    // A path that is none, or a device: the rest of the file is read all the same.
+    for (char const * path : {"", "/dev/zero"}) {
+        EXPECT_THAT(readInside("<append><file path='" + std::string(path) +
+                               "'/></append><steps><step case='9'/></steps>")
+                        .lines,
+                    ElementsAre("case 9 [Run=9] () 0 parameter(s)"))
+            << path;
+    }
 }
 
 TEST(XMLReportAppendFailure, WithoutAPathEndsTheFile)
