@@ -102,8 +102,8 @@ struct ZYCORE_EXPORT XMLReportInfo
 
 /**
  * Writes the result of an analysis as an msw file, whole or not at all. The runs come in the order in which
- * the table is walked, and the same content gives the same bytes in every process. Texts may be anything but
- * control characters, which would give a file that cannot be read.
+ * the table is walked, and the same content gives the same bytes in every process. Control characters in
+ * texts are written as they are, and other programs refuse such a file.
  *
  * \param path UTF-8, with slashes of either kind
  * \return false when anything fails; an earlier file is untouched then
