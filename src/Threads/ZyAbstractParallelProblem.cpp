@@ -9,6 +9,7 @@
 
 #include <atomic>
 #include <condition_variable>
+#include <functional>
 #include <mutex>
 #include <thread>
 #include <utility>
@@ -31,12 +32,13 @@ public:
     bool change(Problem::Status from, Problem::Status to)
     {
         bool changed = false;
-        _update([&] {
+        auto const step = [&] {
             changed = m_value == from;
             if (changed) {
                 assign(to);
             }
-        });
+        };
+        _update(std::ref(step)); // which needs no memory
         return changed;
     }
     void waitForEnd()
