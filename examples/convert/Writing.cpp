@@ -9,15 +9,12 @@
 #include "DataTableFile.h"
 #include "PendingFile.h"
 #include "Terminal.h"
+#include "WholePackage.h"
 
 #include <ZyCSVWriter.h>
 #include <ZyOOXMLWriter.h>
 #include <ZyOOXMLWriterSpreadsheet.h>
 #include <ZyXMLSpreadsheetWriter.h>
-#include <ZyZipArchive.h>
-#include <ZyZipFile.h>
-
-#include <QFile>
 
 #include <algorithm>
 #include <memory>
@@ -125,48 +122,6 @@ void fillPackage(ZyOOXMLWriter & package, ShapedTable const & table, Options con
     }
 }
 
-// The last thing written, and the first that readers look for.
-bool endsWithItsRecord(PendingFile const & file)
-{
-    constexpr int size = 22;
-    QFile package(file.temporary());
-    return package.open(QIODevice::ReadOnly) && package.seek(package.size() - size) &&
-           package.read(size).startsWith(QByteArrayLiteral("PK\x05\x06"));
-}
-
-bool isComplete(PendingFile const & file)
-{
-    constexpr unsigned int parts = 5;
-    ZyZipArchive archive(file.path(), ZyZipArchive::Read, ZyZipArchive::Portable);
-    ZyDeque<ZyFilePath> const paths = archive.paths();
-    bool complete = paths.size() == parts && endsWithItsRecord(file);
-    for (ZyFilePath const & path : paths.std_deque()) {
-        ZySharedPtr<ZyZipFile> const part = archive.open(path, ZyZipArchive::DefaultLevel).lock();
-        ZyString last;
-        while (!part->atEnd()) {
-            Interruption::check();
-            last = part->read(65536);
-        }
-        complete = complete && last.endsWith(">\n");
-    }
-    return complete;
-}
-
-// A full disk can pass unseen while a package is written: only reading it again tells.
-void checkPackage(PendingFile const & file)
-{
-    bool complete = false;
-    try {
-        complete = isComplete(file);
-    } catch (ZyUserCancelledException const &) {
-        throw;
-    } catch (ZyException const &) { // whatever is wrong with it, it is not what was written
-    }
-    if (!complete) {
-        throw file.incomplete();
-    }
-}
-
 void writeWorkbook(PendingFile const & file, ShapedTable const & table, Options const & options,
                    ProgressBar & progress)
 {
@@ -174,7 +129,9 @@ void writeWorkbook(PendingFile const & file, ShapedTable const & table, Options 
         ZyOOXMLWriter package(file.path(), ZyOOXMLWriter::Spreadsheet, ZyZipArchive::Portable);
         fillPackage(package, table, options, progress);
     }
-    checkPackage(file);
+    if (!isWholeWorkbook(file.path(), 1, Interruption::check)) {
+        throw file.incomplete();
+    }
 }
 
 void writeXmlSheet(PendingFile const & file, ShapedTable const & table, ProgressBar & progress)
