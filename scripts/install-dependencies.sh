@@ -22,6 +22,8 @@ esac
 
 # The library and its hosts.
 packages=(g++ cmake ninja-build ccache qtbase5-dev libqt5xmlpatterns5-dev zlib1g-dev libminizip-dev)
+# What the hosts need beside the library: matrices, and letters for their pictures.
+packages+=(libeigen3-dev fonts-dejavu-core)
 locales=()
 if [ "$purpose" != demo ]; then
     # The tests; the second compiler that the public headers are tried with.
