@@ -2,6 +2,8 @@
 // Tables of runs for the tests, and tables as text.
 #pragma once
 
+#include "ReportTables.h"
+
 #include <XMLReport.h>
 
 #include <algorithm>
@@ -12,6 +14,10 @@
 
 namespace MswTables
 {
+using ReportTables::parameter;
+using ReportTables::table;
+using ReportTables::value;
+
 /** A run of a case. */
 inline XMLReportInfo run(int caseNumber)
 {
@@ -29,40 +35,12 @@ inline XMLReportInfo named(int caseNumber, char const * name)
     return result;
 }
 
-/** A value of a merit function. */
-inline XMLReportSensValue value(double number)
-{
-    XMLReportSensValue result;
-    result.value = number;
-    return result;
-}
-
-/** A parameter without a tolerance. */
-inline XMLReportParameter parameter(char const * name, double nominal, double usedValue)
-{
-    XMLReportParameter result;
-    result.name = name;
-    result.nominal = nominal;
-    result.usedValue = usedValue;
-    return result;
-}
-
 /** A parameter with a tolerance. */
 inline XMLReportParameter parameter(char const * name, double nominal, double usedValue, double tol)
 {
     XMLReportParameter result = parameter(name, nominal, usedValue);
     result.tol = tol;
     result.hasTol = true;
-    return result;
-}
-
-/** A table of runs, added in the order in which they stand. */
-inline YHashTable<XMLReportInfo> table(std::vector<XMLReportInfo> const & runs)
-{
-    YHashTable<XMLReportInfo> result;
-    for (XMLReportInfo const & one : runs) {
-        result.add(one.caseNumber, one);
-    }
     return result;
 }
 

@@ -44,7 +44,8 @@ inline XMLReportParameter parameter(char const * name, double nominal, double us
     return made;
 }
 
-inline YHashTable<XMLReportInfo> table(std::initializer_list<XMLReportInfo> runs)
+/** A table of runs, added in the order in which they stand. */
+inline YHashTable<XMLReportInfo> table(std::vector<XMLReportInfo> const & runs)
 {
     YHashTable<XMLReportInfo> made;
     for (XMLReportInfo const & run : runs) {

@@ -352,7 +352,8 @@ TEST(XMLReportOrder, IsKeptWhenAHostSavesTheFile)
     document.root().setAttribute("another", "2");
     document.save(ZyFilePath(path), ZyXMLDomDocument::Indented);
     std::string expected = sample;
-    expected.replace(0, expected.find('\n'), "<?xml version='1.0' encoding='UTF-8'?>"); // as the document loads it
+    expected.replace(0, expected.find('\n'),
+                     "<?xml version='1.0' encoding='UTF-8'?>"); // as the document loads it
     expected.insert(expected.find(" rev=\"1\"") + 8, " another=\"2\" zlast=\"1\"");
     EXPECT_EQ(directory.read("a.msw"), expected);
 }
