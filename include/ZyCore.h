@@ -29,6 +29,7 @@
 #include <ZyFileException.h>
 #include <ZyFilePath.h>
 #include <ZyFileSystem.h>
+#include <ZyFileWriter.h>
 #include <ZyGlobal.h>
 #include <ZyGlobalObject.h>
 #include <ZyHash.h>

@@ -40,6 +40,7 @@ class ZyFileNotFoundException;
 class ZyFilePath;
 class ZyFileSaveException;
 class ZyFileSystem;
+class ZyFileWriter;
 class ZyGlobal;
 class ZyGlobalObject;
 class ZyHistogram;

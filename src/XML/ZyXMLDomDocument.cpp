@@ -2,6 +2,7 @@
 // Documents in memory: loading within bounds, and saving whole or not at all.
 #include <ZyXMLDomDocument.h>
 
+#include "Files/WholeSaveFile_p.h"
 #include "Platform/NativePath.h"
 #include "XML/ZyXMLDomElement_p.h"
 #include "XML/ZyXMLDomGuard_p.h"
@@ -16,7 +17,6 @@
 #include <QByteArray>
 #include <QDomDocument>
 #include <QFile>
-#include <QSaveFile>
 #include <QString>
 
 class ZyXMLDomDocument::Private : public ZyPrivateObject
@@ -78,19 +78,6 @@ QByteArray serialised(QDomDocument const & document, ZyXMLDomDocument::SaveType 
     text.replace('\n', QByteArray());
     return qCompress(ZyXMLDomText::encoded(text, document), -1);
 }
-/** Writes all of it. A full disk takes what it can first and gives its reason at the next try. */
-bool writeAll(QFileDevice & file, QByteArray const & content)
-{
-    qint64 done = 0;
-    while (done < content.size()) {
-        qint64 const count = file.write(content.constData() + done, content.size() - done);
-        if (count <= 0) {
-            return false;
-        }
-        done += count;
-    }
-    return file.flush() && file.error() == QFileDevice::NoError;
-}
 } // namespace
 
 ZyXMLDomDocument::ZyXMLDomDocument() : m_d(new Private) {}
@@ -147,22 +134,14 @@ ZyString ZyXMLDomDocument::toString() const
     return ZyString(ZyXMLDomText::of(d()->document, 1).toStdString());
 }
 
-/**
- * QSaveFile takes the place of the old file even when the new one is cut short: a write that is not complete,
- * and the flush of the last piece, are no failures to it. So both are looked at before it may.
- */
 void ZyXMLDomDocument::save(ZyFilePath const & file, SaveType type) const
 {
-    QSaveFile target(NativePath::qt(file));
+    WholeSaveFile target(NativePath::qt(file));
     if (!target.open(QIODevice::WriteOnly)) {
         throw ZyFileException(ZyString(target.errorString()), file.path());
     }
-    bool const written = writeAll(target, serialised(d()->document, type));
-    ZyString const reason(target.errorString()); // giving up would replace it
-    if (!written) {
-        target.cancelWriting();
-    }
-    if (!target.commit()) {
-        throw ZyFileException(written ? ZyString(target.errorString()) : reason, file.path());
+    target.write(serialised(d()->document, type));
+    if (!target.finish()) {
+        throw ZyFileException(ZyString(target.errorString()), file.path());
     }
 }

@@ -4,7 +4,10 @@
 #include <ZyCSVWriter.h>
 #include <ZyException.h>
 #include <ZyFileDevice.h>
+#include <ZyFileException.h>
 #include <ZyFilePath.h>
+#include <ZyFileSystem.h>
+#include <ZyFileWriter.h>
 #include <ZyOOXMLWriter.h>
 #include <ZyOOXMLWriterSpreadsheet.h>
 #include <ZyString.h>
@@ -15,6 +18,9 @@
 #include <ZyZipper.h>
 
 #include <gtest/gtest.h>
+
+#include <QIODevice>
+#include <QTextStream>
 
 #include <csignal>
 #include <cstdlib>
@@ -71,6 +77,13 @@ protected:
     void expectTold(unsigned long bytes, std::function<void()> const & job)
     {
         EXPECT_EXIT(runOnFullDisk(bytes, job), testing::ExitedWithCode(toldOfIt), "") << bytes;
+    }
+
+    int fileCount() const
+    {
+        int count = 0;
+        ZyFileSystem::ForEachFile(m_directory.path(), false, false, [&](ZyFilePath &&) { ++count; });
+        return count;
     }
 
 private:
@@ -140,4 +153,88 @@ TEST_F(FullDisk, StopsUnpacking)
     for (unsigned long bytes : {0ul, 5000ul, 100000ul}) {
         expectTold(bytes, [this] { ZyZipper::Unzip(file("whole.zip"), file("out/")); });
     }
+}
+
+namespace
+{
+void writeAtOnce(ZyFileWriter & writer)
+{
+    writer.write(std::string(100000, 'n'));
+}
+
+void writePieces(ZyFileWriter & writer)
+{
+    for (int i = 0; i < 1000; ++i) {
+        writer.write(std::string(100, 'n'));
+    }
+}
+
+void writeThroughDevice(ZyFileWriter & writer)
+{
+    writer.device()->write(std::string(100000, 'n').c_str(), 100000);
+    writer.device()->seek(0); // takes back the failure that the device shows
+}
+
+void writeThroughStream(ZyFileWriter & writer)
+{
+    QTextStream stream(writer.device());
+    for (int i = 0; i < 1000; ++i) {
+        stream << QString(100, QLatin1Char('n'));
+    }
+}
+} // namespace
+
+// Sizes at the borders of the buffer, and the last byte: the failure comes at the first write, in the middle,
+// when the last piece leaves the buffer.
+TEST_F(FullDisk, LeavesTheOldFileToASafeSave)
+{
+    ZyFilePath const target = file("target.txt");
+    for (auto write : {writeAtOnce, writePieces, writeThroughDevice, writeThroughStream}) {
+        for (unsigned long bytes : {0ul, 1ul, 3ul, 16383ul, 16384ul, 16385ul, 50000ul, 98304ul, 99999ul}) {
+            ZyFileDevice old(target);
+            old.open(ZyIODevice::Write);
+            old.write("old");
+            old.close();
+            expectTold(bytes, [&] {
+                ZyFileWriter writer(target.path());
+                writer.open();
+                write(writer);
+                try {
+                    writer.close();
+                } catch (ZyFileSaveException const & failure) {
+                    bool const exact = failure.message() == ZyString("Cannot save [File too large]") &&
+                                       failure.path1() == target;
+                    std::_Exit(exact ? toldOfIt : wasSilent);
+                }
+            });
+            old.open(ZyIODevice::Read);
+            EXPECT_EQ(old.readAll().toStdString(), "old") << bytes;
+            old.close();
+            EXPECT_EQ(fileCount(), 1) << bytes;
+        }
+    }
+}
+
+TEST_F(FullDisk, LetsASafeSaveBeTriedAgain)
+{
+    ZyFilePath const target = file("target.txt");
+    expectTold(RLIM_INFINITY, [&] {
+        rlimit limit = {50000, RLIM_INFINITY};
+        setrlimit(RLIMIT_FSIZE, &limit);
+        ZyFileWriter writer(target.path());
+        writer.open();
+        writeAtOnce(writer);
+        try {
+            writer.close();
+        } catch (ZyFileSaveException const &) {
+            limit.rlim_cur = RLIM_INFINITY;
+            setrlimit(RLIMIT_FSIZE, &limit);
+            writer.open();
+            writeAtOnce(writer);
+            writer.close();
+            std::_Exit(toldOfIt);
+        }
+    });
+    EXPECT_EQ(ZyFileSystem::FileSize(target), 100000u);
+    EXPECT_EQ(fileCount(), 1);
 }
