@@ -68,6 +68,7 @@
 #include <ZyUUID.h>
 #include <ZyUndoManager.h>
 #include <ZyUniquePtr.h>
+#include <ZyUrl.h>
 #include <ZyVariant.h>
 #include <ZyVariantTable.h>
 #include <ZyVector.h>

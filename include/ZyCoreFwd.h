@@ -99,6 +99,7 @@ class ZyUnderflowException;
 class ZyUndoManager;
 class ZyUnknownXMLAttributeException;
 class ZyUnknownXMLElementException;
+class ZyUrl;
 class ZyUserCancelledException;
 class ZyVariant;
 class ZyVariantTable;
