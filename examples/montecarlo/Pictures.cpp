@@ -182,7 +182,7 @@ void paintHistograms(QString const & file, Circuit const & circuit, std::vector<
         QRectF(0, 12, columns * width, 24), Qt::AlignHCenter,
         QStringLiteral("%1: %2 runs, dashed: nominal").arg(circuit.title.toQString()).arg(runs));
     for (int i = 0; i < int(spreads.size()); ++i) {
-        QRectF const frame((i % columns) * width, (i / columns) * height + top, width, height);
+        QRect const frame(i % columns * width, i / columns * height + top, width, height);
         paintHistogram(canvas.painter(), frame, circuit.merits[std::size_t(i)], spreads[std::size_t(i)]);
     }
     canvas.save(file);

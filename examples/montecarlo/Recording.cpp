@@ -191,7 +191,7 @@ QString writeShards(QString const & stem, Circuit const & circuit, XMLReportHead
         }
         part.finish();
     }
-    QString const file = stem + QStringLiteral("-master.msw");
+    QString file = stem + QStringLiteral("-master.msw");
     MswStream master(file, circuit);
     master.header(header);
     master.figures(results);
