@@ -10,9 +10,8 @@
 
 /** An element named after the kind, with attributes only. */
 template <>
-class ZyXMLObject<Component, void>
+struct ZyXMLObject<Component, void>
 {
-public:
     /** Puts the attributes into an element that the caller has opened. */
     static void Write(ZyXMLElementWriter & element, Component const & component);
     /** How such an element is read, whatever its kind. */
@@ -21,36 +20,32 @@ public:
 
 /** An element named after the kind, with attributes only. */
 template <>
-class ZyXMLObject<MeritFunction, void>
+struct ZyXMLObject<MeritFunction, void>
 {
-public:
     static void Write(ZyXMLElementWriter & element, MeritFunction const & merit);
     static ZySharedPtr<ZyXMLLambdaDefinition<MeritFunction>> LoadRule();
 };
 
 /** The attributes "from", "to" and "pointsPerDecade". */
 template <>
-class ZyXMLObject<Sweep, void>
+struct ZyXMLObject<Sweep, void>
 {
-public:
     static void Write(ZyXMLElementWriter & element, Sweep const & sweep);
     static ZySharedPtr<ZyXMLLambdaDefinition<Sweep>> LoadRule();
 };
 
 /** The attribute "name". */
 template <>
-class ZyXMLObject<Node, void>
+struct ZyXMLObject<Node, void>
 {
-public:
     static void Write(ZyXMLElementWriter & element, Node const & node);
     static ZySharedPtr<ZyXMLLambdaDefinition<Node>> LoadRule();
 };
 
 /** All of the above as children, made of their bindings. */
 template <>
-class ZyXMLObject<Circuit, void>
+struct ZyXMLObject<Circuit, void>
 {
-public:
     static void Write(ZyXMLElementWriter & element, Circuit const & circuit);
     static ZySharedPtr<ZyXMLLambdaDefinition<Circuit>> LoadRule();
 };
