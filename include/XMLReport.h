@@ -50,7 +50,7 @@ struct XMLReportSensValue
 /** A parameter that was perturbed in a run. */
 struct XMLReportParameter
 {
-    YString name;
+    YString name;           ///< what was perturbed
     double nominal = 0.0;   ///< the value without perturbation
     double tol = 0.0;       ///< the tolerance, when #hasTol says that there is one
     double usedValue = 0.0; ///< the value in the run
