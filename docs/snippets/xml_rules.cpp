@@ -11,9 +11,8 @@ struct Limit
 
 // Its XML form: how it is written into an element, and the rules that read such an element.
 template <>
-class ZyXMLObject<Limit, void>
+struct ZyXMLObject<Limit, void>
 {
-public:
     static void Write(ZyXMLElementWriter & element, Limit const & limit)
     {
         element.createElement("Name")->writeText(limit.name);

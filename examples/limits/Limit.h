@@ -26,9 +26,8 @@ void setLimit(Limits & limits, ZyString const & name, int value);
  * The name of the element around it is nobody's business here: it belongs to the document.
  */
 template <>
-class ZyXMLObject<Limit, void>
+struct ZyXMLObject<Limit, void>
 {
-public:
     /** Puts the children "Name" and "Value" into an element that the caller has opened. */
     static void Write(ZyXMLElementWriter & element, Limit const & limit);
     /** How such an element is read; made once, shared by all who read limits. */
