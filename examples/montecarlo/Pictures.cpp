@@ -39,7 +39,8 @@ public:
         m_painter.end();
         QBuffer content;
         content.open(QIODevice::WriteOnly);
-        m_image.save(&content, "PNG");
+        constexpr int quick = 80; // the fastest level of packing that packs: half a page of text larger
+        m_image.save(&content, "PNG", quick);
         saveFile(file, content.data());
     }
 
