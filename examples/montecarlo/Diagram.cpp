@@ -58,7 +58,8 @@ std::vector<double> Axis::ticks(int wanted) const
 {
     std::vector<double> all;
     if (isLogarithmic) {
-        for (double decade = std::ceil(std::log10(from) - 1e-9); decade <= std::log10(to) + 1e-9; ++decade) {
+        int const last = int(std::floor(std::log10(to) + 1e-9));
+        for (int decade = int(std::ceil(std::log10(from) - 1e-9)); decade <= last; ++decade) {
             all.push_back(std::pow(10.0, decade));
         }
         return all;

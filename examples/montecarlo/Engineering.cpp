@@ -55,7 +55,8 @@ QString engineering(double value, int digits, QString const & unit)
                                 int(prefixes.size()) - 1 - noPrefix);
     QString const number =
         QLocale::c().toString(rounded / std::pow(10.0, 3 * step), 'g', std::max(digits, 3));
-    QChar const letter(prefixes.at(std::size_t(step + noPrefix)));
+    int const at = step + noPrefix;
+    QChar const letter(prefixes.at(static_cast<std::size_t>(at)));
     QString const prefix = letter.isNull() ? QString() : QString(letter == u'u' ? QChar(0x00B5) : letter);
     return number + (prefix.isEmpty() && unit.isEmpty() ? QString() : u' ' + prefix + unit);
 }

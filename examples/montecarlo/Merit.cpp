@@ -27,6 +27,7 @@ std::vector<double> frequenciesOf(Sweep const & sweep)
     double const decades = std::log10(sweep.to / sweep.from);
     int const steps = std::max(1, int(std::ceil(decades * sweep.pointsPerDecade - 1e-9)));
     std::vector<double> frequencies;
+    frequencies.reserve(static_cast<std::size_t>(steps) + 1);
     for (int i = 0; i < steps; ++i) {
         frequencies.push_back(sweep.from * std::pow(10.0, decades * i / steps));
     }
