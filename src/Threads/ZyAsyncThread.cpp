@@ -96,10 +96,11 @@ ZyAsyncThread::Registry & ZyAsyncThread::Registry::Instance()
 {
     struct Owner
     {
-        Registry & registry = *new Registry;
+        explicit Owner(Registry & owned) : registry(owned) {}
         ~Owner() { registry.takeIdle(); }
+        Registry & registry;
     };
-    static Owner const owner;
+    static Owner const owner(*new Registry);
     return owner.registry;
 }
 
