@@ -2,11 +2,24 @@
 // Safe saves: every byte is counted before the new file may take the place of the old.
 #include "Files/WholeSaveFile_p.h"
 
+#include <QFileInfo>
+
 #include <utility>
 
 WholeSaveFile::WholeSaveFile(QString const & file) : QSaveFile(file) {}
 
 WholeSaveFile::~WholeSaveFile() = default;
+
+/** What is no regular file, a device or a pipe, would be replaced by one. */
+bool WholeSaveFile::open(OpenMode mode)
+{
+    QFileInfo const old(fileName());
+    if (old.exists() && !old.isFile() && !old.isDir()) {
+        setErrorString(QStringLiteral("Not a regular file"));
+        return false;
+    }
+    return QSaveFile::open(mode);
+}
 
 /** A full disk takes what it can first and gives its reason at the next try. */
 qint64 WholeSaveFile::writeData(char const * data, qint64 size)

@@ -16,6 +16,9 @@ public:
     explicit WholeSaveFile(QString const & file);
     ~WholeSaveFile() override;
 
+    /** As QSaveFile; fails besides when the path names a device, a pipe or a socket. */
+    bool open(OpenMode mode) override;
+
     /**
      * Puts the new content in place.
      * \return false when anything has failed since open(): the old file stays, errorString() is the first

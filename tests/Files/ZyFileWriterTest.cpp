@@ -21,6 +21,8 @@
 #include <string>
 #include <type_traits>
 
+#include <sys/stat.h>
+
 static_assert(std::has_virtual_destructor_v<ZyFileWriter>);
 static_assert(sizeof(ZyFileWriter) == 2 * sizeof(void *));
 static_assert(!std::is_copy_constructible_v<ZyFileWriter> && !std::is_copy_assignable_v<ZyFileWriter>);
@@ -327,6 +329,19 @@ TEST_F(ZyFileWriterTest, ReplacesTheFileBehindASymbolicLink)
     writer.close();
     EXPECT_TRUE(fs::is_symlink(target));
     EXPECT_EQ(scratch.read("real/file.txt"), "new");
+    EXPECT_EQ(count(), 2);
+}
+
+TEST_F(ZyFileWriterTest, ThrowsOnOpeningWhatIsNoRegularFile)
+{
+    ASSERT_EQ(::mkfifo(target.c_str(), 0600), 0);
+    fs::create_symlink(target, scratch / "link");
+    for (std::string const & path : {target, scratch / "link"}) {
+        ZyFileWriter writer{text(path)};
+        EXPECT_ZY_THROW(writer.open(), ZyFileException, "Unable to open file for writing");
+        EXPECT_EQ(pathOf([&] { writer.open(); }), stored(path));
+    }
+    EXPECT_TRUE(fs::is_fifo(target));
     EXPECT_EQ(count(), 2);
 }
 
