@@ -4,6 +4,7 @@
 
 #include "MswTables.h"
 #include "ScratchDirectory.h"
+#include "TestData.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -23,7 +24,7 @@ class XMLReportAppendMeritData : public testing::Test
 protected:
     XMLReportAppendMeritData()
     {
-        std::ifstream file(ZYTEST_DATA_DIR "/Misc/append/data.msw", std::ios::binary);
+        std::ifstream file(TestData::path("Misc/append/data.msw"), std::ios::binary);
         before = std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
         path = directory.write("data.msw", before);
     }

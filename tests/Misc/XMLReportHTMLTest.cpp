@@ -4,6 +4,7 @@
 #include "PlainReport.h"
 #include "ReportPages.h"
 #include "ReportTables.h"
+#include "TestData.h"
 
 #include <climits>
 #include <clocale>
@@ -18,7 +19,7 @@ using namespace ReportTables;
 
 std::string expectedPage(std::string const & name)
 {
-    std::ifstream file(ZYTEST_DATA_DIR "/Misc/" + name, std::ios::binary);
+    std::ifstream file(TestData::path("Misc/" + name), std::ios::binary);
     return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
 }
 

@@ -4,6 +4,7 @@
 
 #include "MswTables.h"
 #include "ScratchDirectory.h"
+#include "TestData.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -55,7 +56,7 @@ class XMLReportAppend : public testing::Test
 protected:
     XMLReportAppend() : m_before(std::filesystem::current_path())
     {
-        std::filesystem::current_path(std::filesystem::path(ZYTEST_DATA_DIR) / "Misc" / "append");
+        std::filesystem::current_path(TestData::path("Misc/append"));
     }
     ~XMLReportAppend() override { std::filesystem::current_path(m_before); }
 

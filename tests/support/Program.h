@@ -2,6 +2,8 @@
 // Other programs that read what we have written.
 #pragma once
 
+#include "TestData.h"
+
 #include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
@@ -41,7 +43,7 @@ inline std::string run(QString const & program, QStringList const & arguments)
 /** The path of a file in tests/data. */
 inline QString data(char const * file)
 {
-    return QString::fromUtf8(ZYTEST_DATA_DIR "/") + QString::fromUtf8(file);
+    return QString::fromStdString(TestData::path(file));
 }
 
 /** What one of our scripts in tests/data prints. */
