@@ -29,12 +29,15 @@
 #include <ZyFileException.h>
 #include <ZyFilePath.h>
 #include <ZyFileSystem.h>
+#include <ZyFileType.h>
 #include <ZyFileWriter.h>
 #include <ZyGlobal.h>
 #include <ZyGlobalObject.h>
 #include <ZyHash.h>
 #include <ZyHistogram.h>
 #include <ZyIODevice.h>
+#include <ZyIcon.h>
+#include <ZyIconManager.h>
 #include <ZyIterator.h>
 #include <ZyList.h>
 #include <ZyMaths.h>

@@ -17,6 +17,8 @@ WEAK = set('VWuvw')
 HEAD = re.compile(r'_Z(T[VIST]|T[hvc][nv\d_]*_|G[VR])?Z*N?[VK]*')
 STANDARD = re.compile(r'S[tabsiod]|9__gnu_cxx|10__cxxabiv1')
 SOURCE_NAME = re.compile(r'(\d+)(\w+)')
+# The linker's own marks, which it exports because a library of Qt does.
+MARKS = {'__bss_start', '_edata', '_end'}
 
 
 def symbols(library):
@@ -51,6 +53,8 @@ def main():
     exported = symbols(library)
     problems = []
     for kind, mangled in exported:
+        if mangled in MARKS:
+            continue
         name = outermost(mangled)
         if '7Private' in mangled:
             problems.append(f'hidden state is exported: {kind} {readable(mangled)}')

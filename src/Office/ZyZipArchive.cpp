@@ -10,7 +10,6 @@
 #include "Core/ZyUtf8_p.h"
 #include "Office/ZyZipArchive_p.h"
 #include "Platform/NativePath.h"
-#include "Platform/ZipOpening.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -225,10 +224,10 @@ ZyZipArchive::ZyZipArchive(ZyFilePath const & path, Mode mode, EntryNames names)
         if (!ZyFileSystem::Exists(path)) {
             throw ZyFileNotFoundException(path);
         }
-        handles.unzip = ZipOpening::read(path);
+        handles.unzip = unzOpen(NativePath::narrow(path).c_str());
         break;
     case Write:
-        handles.zip = ZipOpening::create(path);
+        handles.zip = zipOpen(NativePath::narrow(path).c_str(), APPEND_STATUS_CREATE);
         break;
     default:
         throw ZyInvalidParameterException("Unknown mode for zip/unzip");

@@ -4,7 +4,7 @@
 
 #include <cfenv>
 
-#ifdef _MSC_VER
+#ifdef _WIN32
 #include <eh.h>
 #endif
 

@@ -3,6 +3,7 @@
 // built under several, since from C++20 on a compiler may turn a comparison round.
 #include <ZyCaseSensitiveString.h>
 #include <ZyDeque.h>
+#include <ZyFileType.h>
 #include <ZyPair.h>
 #include <ZyRef.h>
 #include <ZySharedPtr.h>
@@ -57,4 +58,17 @@ TEST(ZyComparisonLanguage, PairsAndPointersCompareWithoutAmbiguity)
     ZyDeque<int> const numbers{1, 2};
     EXPECT_TRUE(numbers.begin() == numbers.begin());
     EXPECT_TRUE(numbers.begin() != numbers.end());
+}
+
+TEST(ZyComparisonLanguage, KindsOfFileCompareByNumber)
+{
+    ZyFileType const type(ZyFileType::CSV);
+    ZyFileType const other(ZyFileType::Zip);
+    EXPECT_TRUE(type == ZyFileType::CSV);
+    EXPECT_TRUE(ZyFileType::CSV == type);
+    EXPECT_TRUE(type == 4);
+    EXPECT_FALSE(type == other);
+    EXPECT_TRUE(type != other);
+    EXPECT_TRUE(type != ZyFileType::Zip);
+    EXPECT_TRUE(ZyFileType::Zip != type);
 }

@@ -8,10 +8,10 @@
 // field is empty, so that such a file is mended on its way in: two quotes are an empty field that can be
 // seen.
 
-#include "TableReading.h"
+#include "Reading.h"
 
+#include "ConvertError.h"
 #include "DataTableFile.h"
-#include "TableError.h"
 
 #include <ZyCSVFile.h>
 #include <ZyStringDevice.h>
@@ -33,7 +33,7 @@ std::string contentOf(QString const & name)
 {
     QFile file(name);
     if (!file.open(QIODevice::ReadOnly)) {
-        throw TableError::File(name, QStringLiteral("cannot be read: %1").arg(file.errorString()));
+        throw ConvertError::File(name, QStringLiteral("cannot be read: %1").arg(file.errorString()));
     }
     return file.readAll().toStdString();
 }
@@ -155,45 +155,6 @@ void spread(ZyDataTableRow const & row, unsigned int first, unsigned int height,
     }
 }
 
-unsigned int leadingHeadings(ZyDataTable const & rich)
-{
-    unsigned int rows = 0;
-    for (ZySharedPtr<ZyDataTableRow> const & row : rich.rows().std_deque()) {
-        if (row->type == ZyDataTable::Data) {
-            break;
-        }
-        rows += heightOf(*row);
-    }
-    return rows;
-}
-
-Input readRich(QString const & file, ReadingOptions const & options)
-{
-    Input input;
-    input.facts = checkDataTable(file);
-    checkSize(file, input.facts, options.forSheet);
-    try {
-        input.asStored = readDataTable(file);
-    } catch (ZyException const & failure) {
-        throw TableError::File(file, failure.message().toQString());
-    }
-    input.table = flat(*input.asStored);
-    input.headingRows = leadingHeadings(*input.asStored);
-    return input;
-}
-
-Input readPlainInput(QString const & file, ReadingOptions const & options)
-{
-    Input input;
-    input.facts = checkText(file);
-    checkSize(file, input.facts, options.forSheet);
-    input.table = readText(file, input.facts, options.typed);
-    input.headingRows = options.headingRows;
-    return input;
-}
-
-} // namespace
-
 ZyVariantTable flat(ZyDataTable const & rich)
 {
     ZyVariantTable table(rich.numberSpreadsheetRows(), rich.numberColumns(), ZyVariant(ZyString()));
@@ -206,7 +167,46 @@ ZyVariantTable flat(ZyDataTable const & rich)
     return table;
 }
 
-Input readInput(QString const & file, ReadingOptions const & options)
+unsigned int leadingHeadings(ZyDataTable const & rich)
 {
-    return isDataTableFile(file) ? readRich(file, options) : readPlainInput(file, options);
+    unsigned int rows = 0;
+    for (ZySharedPtr<ZyDataTableRow> const & row : rich.rows().std_deque()) {
+        if (row->type == ZyDataTable::Data) {
+            break;
+        }
+        rows += heightOf(*row);
+    }
+    return rows;
+}
+
+Input readRich(Options const & options)
+{
+    Input input;
+    input.facts = checkDataTable(options.input);
+    checkSize(options.input, input.facts, writesSheet(options));
+    try {
+        input.asStored = readDataTable(options.input);
+    } catch (ZyException const & failure) {
+        throw ConvertError::File(options.input, failure.message().toQString());
+    }
+    input.table = flat(*input.asStored);
+    input.headingRows = leadingHeadings(*input.asStored);
+    return input;
+}
+
+Input readPlainInput(Options const & options)
+{
+    Input input;
+    input.facts = checkText(options.input);
+    checkSize(options.input, input.facts, writesSheet(options));
+    input.table = readText(options.input, input.facts, options.typed);
+    input.headingRows = options.headingRows;
+    return input;
+}
+
+} // namespace
+
+Input readInput(Options const & options)
+{
+    return isDataTableFile(options.input) ? readRich(options) : readPlainInput(options);
 }

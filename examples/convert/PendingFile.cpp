@@ -3,7 +3,6 @@
 
 #include "PendingFile.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QUuid>
@@ -22,16 +21,16 @@ std::filesystem::path standardPath(QString const & file)
 void checkTarget(QString const & target, QFileInfo const & place)
 {
     if (place.isDir()) {
-        throw TableError::File(target, QStringLiteral("is a directory"));
+        throw ConvertError::File(target, QStringLiteral("is a directory"));
     }
     if (place.exists() && !place.isFile()) {
-        throw TableError::File(target, QStringLiteral("is no regular file"));
+        throw ConvertError::File(target, QStringLiteral("is no regular file"));
     }
     if (!QFileInfo(place.absolutePath()).isDir()) {
-        throw TableError::File(target, QStringLiteral("its directory does not exist"));
+        throw ConvertError::File(target, QStringLiteral("its directory does not exist"));
     }
     if (place.exists() && !place.isWritable()) {
-        throw TableError::File(target, QStringLiteral("is write-protected"));
+        throw ConvertError::File(target, QStringLiteral("is write-protected"));
     }
 }
 
@@ -43,9 +42,8 @@ PendingFile::PendingFile(QString const & target) : m_target(target)
     QFileInfo const place(named.isSymLink() ? named.symLinkTarget() : target);
     checkTarget(target, place);
     m_place = place.absoluteFilePath();
-    m_temporary = QStringLiteral("%1/.%2-%3.tmp")
-                      .arg(place.absolutePath(), QCoreApplication::applicationName(),
-                           QUuid::createUuid().toString(QUuid::WithoutBraces));
+    m_temporary = place.absolutePath() + QStringLiteral("/.zyconvert-") +
+                  QUuid::createUuid().toString(QUuid::WithoutBraces) + QStringLiteral(".tmp");
 }
 
 PendingFile::~PendingFile()
@@ -60,9 +58,9 @@ ZyFilePath PendingFile::path() const
     return ZyFilePath(ZyString(m_temporary));
 }
 
-TableError PendingFile::incomplete() const
+ConvertError PendingFile::incomplete() const
 {
-    return TableError::File(m_target, QStringLiteral("not all of it could be written; is the disk full?"));
+    return ConvertError::File(m_target, QStringLiteral("not all of it could be written; is the disk full?"));
 }
 
 void PendingFile::checkSize(unsigned long long written) const
@@ -80,7 +78,7 @@ void PendingFile::commit()
     std::error_code failure;
     std::filesystem::rename(standardPath(m_temporary), standardPath(m_place), failure);
     if (failure) {
-        throw TableError::File(
+        throw ConvertError::File(
             m_target,
             QStringLiteral("cannot be put into place: %1").arg(QString::fromStdString(failure.message())));
     }

@@ -4,8 +4,8 @@
 #include "DataTableFile.h"
 
 #include "Cell.h"
+#include "ConvertError.h"
 #include "CountedFile.h"
-#include "TableError.h"
 
 #include <ZyXMLLoader.h>
 #include <ZyXMLObject.h>
@@ -59,7 +59,7 @@ public:
 private:
     [[noreturn]] void fail(QString const & reason) const
     {
-        throw TableError::Line(m_name, static_cast<unsigned long long>(m_xml.lineNumber()), reason);
+        throw ConvertError::Line(m_name, static_cast<unsigned long long>(m_xml.lineNumber()), reason);
     }
 
     void enter()
@@ -201,16 +201,6 @@ private:
     unsigned long long m_values = 0;
 };
 
-ZyDataTable load(ZyXMLStreamReader & reader)
-{
-    ZyDataTable table;
-    ZySharedPtr<ZyXMLLoader> const loader = ZyXMLLoader::Create();
-    loader->add<ZyDataTable>(ZyXMLPath(rootName),
-                             [&table](ZyUniquePtr<ZyDataTable> read) { table = std::move(*read); });
-    loader->load(reader);
-    return table;
-}
-
 QString placeOf(std::size_t row, std::size_t item)
 {
     return QStringLiteral("row %1, cell %2").arg(row + 1).arg(item + 1);
@@ -243,7 +233,7 @@ TextFacts checkDataTable(QString const & name)
     openInput(file, name);
     TextFacts facts = FormCheck(name, file).run();
     if (facts.lines == 0) {
-        throw TableError::File(name, QStringLiteral("has no rows"));
+        throw ConvertError::File(name, QStringLiteral("has no rows"));
     }
     facts.bytes = static_cast<unsigned long long>(file.size());
     return facts;
@@ -251,18 +241,18 @@ TextFacts checkDataTable(QString const & name)
 
 ZyDataTable readDataTable(QString const & file)
 {
+    ZyDataTable table;
+    ZySharedPtr<ZyXMLLoader> const loader = ZyXMLLoader::Create();
+    loader->add<ZyDataTable>(ZyXMLPath(rootName),
+                             [&table](ZyUniquePtr<ZyDataTable> read) { table = std::move(*read); });
     ZyXMLStreamReader reader{ZyFilePath(ZyString(file))};
-    return load(reader);
+    loader->load(reader);
+    return table;
 }
 
-ZyDataTable readDataTable(ZyIODevice & device)
+unsigned long long writeDataTable(ZyFilePath const & file, ZyDataTable const & table)
 {
-    ZyXMLStreamReader reader(device);
-    return load(reader);
-}
-
-void writeDataTable(ZyIODevice & device, ZyDataTable const & table)
-{
+    CountedFile device(file);
     ZyXMLStreamWriter xml(device, ZyXMLStreamWriter::AutoFormattingSettings());
     xml.startDocument();
     {
@@ -270,12 +260,6 @@ void writeDataTable(ZyIODevice & device, ZyDataTable const & table)
         ZyXMLObject<ZyDataTable>::Write(*root, table);
     }
     xml.finishDocument();
-}
-
-unsigned long long writeDataTable(ZyFilePath const & file, ZyDataTable const & table)
-{
-    CountedFile device(file);
-    writeDataTable(device, table);
     return device.written();
 }
 
