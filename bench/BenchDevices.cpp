@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Byte devices: many small writes, blocks, lines; against stdio, the standard streams and QFile.
+// Byte devices: many small writes, blocks, lines, safe saves; against stdio, the standard streams and QFile.
 #include "Measure.h"
 #include "peers/Workload.h"
 
 #include <ZyFileDevice.h>
 #include <ZyFilePath.h>
+#include <ZyFileWriter.h>
 #include <ZyString.h>
 #include <ZyStringDevice.h>
 
 #include <QBuffer>
 #include <QFile>
+#include <QSaveFile>
 
 #include <cstdio>
 #include <fstream>
@@ -140,6 +142,33 @@ void registerLines()
     });
 }
 
+/** A save of 10 MB that may be cut off at any moment, by the clock since it waits for the disk. */
+void registerSafeSave(std::string const & name, std::size_t size)
+{
+    constexpr std::size_t total = 10000000;
+    std::string const path = dataFile("saved.txt");
+    std::string const text(size, 'x');
+    addClockedLoop("safe-save/" + name + "/ours", 1, [path, text] {
+        ZyFileWriter writer(path.c_str());
+        ZyString const line(text);
+        writer.open();
+        for (std::size_t done = 0; done < total; done += text.size()) {
+            writer.write(line);
+        }
+        writer.close();
+        return total;
+    });
+    addClockedLoop("safe-save/" + name + "/QSaveFile", 1, [path, text] {
+        QSaveFile file(QString::fromStdString(path));
+        check(file.open(QIODevice::WriteOnly), "open");
+        for (std::size_t done = 0; done < total; done += text.size()) {
+            file.write(text.data(), qint64(text.size()));
+        }
+        check(file.commit(), "commit");
+        return total;
+    });
+}
+
 } // namespace
 
 void registerBenchmarks()
@@ -147,6 +176,8 @@ void registerBenchmarks()
     registerSmallWrites();
     registerBlocks();
     registerLines();
+    registerSafeSave("at-once", 10000000);
+    registerSafeSave("lines", 100);
 }
 
 } // namespace bench

@@ -23,6 +23,10 @@ class ZyString;
  * Documents nested deeper than 512 levels, or whose entities expand beyond 16 Mi characters, count as
  * invalid.
  *
+ * A library may be built without validation, where Qt's XmlPatterns is not to be had
+ * (ZYCORE_WITH_VALIDATION). Then isValid() always throws ZyXMLException "This library is built without
+ * validation by XML Schema".
+ *
  * \threads any thread, several at a time
  */
 class ZYCORE_EXPORT ZyXMLValidator : public ZyPrivateObject

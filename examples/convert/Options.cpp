@@ -3,8 +3,8 @@
 
 #include "Options.h"
 
-#include "ConvertError.h"
 #include "DataTableFile.h"
+#include "UsageError.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>
@@ -58,7 +58,7 @@ unsigned int headingRows(QString const & text)
     bool isNumber = false;
     unsigned int const rows = text.toUInt(&isNumber);
     if (!isNumber) {
-        throw ConvertError::Usage(QStringLiteral("--header takes a number of rows, not \"%1\"").arg(text));
+        throw UsageError(QStringLiteral("--header takes a number of rows, not \"%1\"").arg(text));
     }
     return rows;
 }
@@ -70,15 +70,14 @@ void checkSheetName(QString const & name)
     QString const forbidden = QStringLiteral(":\\/?*[]<>\"|");
     for (QChar const character : name) {
         if (forbidden.contains(character) || character.category() == QChar::Other_Control) {
-            throw ConvertError::Usage(
+            throw UsageError(
                 QStringLiteral("the sheet name \"%1\" has a character that is not allowed there").arg(name));
         }
     }
     bool const edges = name.trimmed() != name || name.startsWith(u'\'') || name.endsWith(u'\'');
     if (name.isEmpty() || name.size() > 31 || edges) {
-        throw ConvertError::Usage(
-            QStringLiteral("a sheet name has 1 to 31 characters, and no blank or apostrophe at "
-                           "either end"));
+        throw UsageError(QStringLiteral("a sheet name has 1 to 31 characters, and no blank or apostrophe at "
+                                        "either end"));
     }
 }
 
@@ -94,7 +93,7 @@ void checkOutputs(Options const & options)
     for (QString const & output : options.outputs) {
         outputKind(output);
         if (seen.contains(realPath(output))) {
-            throw ConvertError::Usage(QStringLiteral("the file \"%1\" is named twice").arg(output));
+            throw UsageError(QStringLiteral("the file \"%1\" is named twice").arg(output));
         }
         seen.append(realPath(output));
     }
@@ -109,12 +108,12 @@ Options takeOptions(QCommandLineParser const & parser, Switches const & switches
 {
     QStringList files = parser.positionalArguments();
     if (files.size() < 2) {
-        throw ConvertError::Usage(QStringLiteral("an input and at least one output are needed; see --help"));
+        throw UsageError(QStringLiteral("an input and at least one output are needed; see --help"));
     }
     Options options;
     options.input = files.takeFirst();
     if (isDataTableFile(options.input) && (parser.isSet(switches.header) || parser.isSet(switches.text))) {
-        throw ConvertError::Usage(
+        throw UsageError(
             QStringLiteral("--header and --text are for text; a .zyt.xml file tells these things itself"));
     }
     options.outputs = files;
@@ -146,7 +145,7 @@ OutputKind outputKind(QString const & file)
     if (extension == QStringLiteral("csv")) {
         return OutputKind::Csv;
     }
-    throw ConvertError::Usage(
+    throw UsageError(
         QStringLiteral("the kind of \"%1\" is not known: name it .xlsx, .xml, .zyt.xml or .csv").arg(file));
 }
 
@@ -164,7 +163,7 @@ std::optional<Options> parseOptions(QStringList const & arguments)
     Switches const switches;
     describe(parser, switches);
     if (!parser.parse(arguments)) {
-        throw ConvertError::Usage(parser.errorText());
+        throw UsageError(parser.errorText());
     }
     if (parser.isSet(switches.help)) {
         std::fputs(parser.helpText().toUtf8().constData(), stdout);

@@ -23,7 +23,7 @@ struct Options
 /** The kinds of file that can be written. */
 enum class OutputKind { Workbook, XmlSheet, DataTable, Csv };
 
-/** The kind that the extension of a file name tells. \throws ConvertError it tells none */
+/** The kind that the extension of a file name tells. \throws UsageError it tells none */
 OutputKind outputKind(QString const & file);
 
 /** Whether any output is a sheet, which has limits that text does not have. */
@@ -32,6 +32,6 @@ bool writesSheet(Options const & options);
 /**
  * Reads the arguments, the program's own name first.
  * \return nothing when help or the version was asked for and has been printed
- * \throws ConvertError the arguments make no sense
+ * \throws UsageError the arguments make no sense
  */
 std::optional<Options> parseOptions(QStringList const & arguments);

@@ -4,7 +4,7 @@
 #include "Shaping.h"
 
 #include "Cell.h"
-#include "ConvertError.h"
+#include "TableError.h"
 
 #include <ZyDeque.h>
 
@@ -35,7 +35,7 @@ public:
                 return column;
             }
         }
-        throw ConvertError::Line(
+        throw TableError::Line(
             m_options.input, std::max(m_options.headingRows, 1U),
             QStringLiteral("there is no column \"%1\"; there are %2").arg(name, choices()));
     }
@@ -61,7 +61,7 @@ ShapedTable::ShapedTable(Input const & input, Options const & options)
 {
     ZyVariantTable const & table = input.table;
     if (m_headings > table.numberRows()) {
-        throw ConvertError::Line(
+        throw TableError::Line(
             options.input, table.numberRows(),
             QStringLiteral("the text ends with this line, but %1 heading rows were asked for")
                 .arg(m_headings));

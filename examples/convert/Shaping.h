@@ -3,7 +3,7 @@
 #pragma once
 
 #include "Options.h"
-#include "Reading.h"
+#include "TableReading.h"
 
 #include <ZyDataTable.h>
 #include <ZyVariantTable.h>
@@ -24,7 +24,7 @@ class ShapedTable
 public:
     /**
      * \param input outlives this object
-     * \throws ConvertError there are fewer rows than heading rows, or a column that is not there
+     * \throws TableError there are fewer rows than heading rows, or a column that is not there
      */
     ShapedTable(Input const & input, Options const & options);
 

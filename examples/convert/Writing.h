@@ -10,7 +10,7 @@ class ProgressBar;
 /**
  * Writes all outputs that the options name, and puts them into place when every one of them is complete.
  *
- * \throws ConvertError an output cannot be written; what the user had before is as it was
+ * \throws TableError an output cannot be written; what the user had before is as it was
  * \throws ZyUserCancelledException the user interrupted the program; the same
  */
 void writeOutputs(ShapedTable const & table, Options const & options, ProgressBar & progress);

@@ -2,11 +2,11 @@
 // zyconvert: turns comma-separated text and rich tables into workbooks, XML sheets, rich tables and clean
 // comma-separated text.
 
-#include "ConvertError.h"
 #include "Options.h"
-#include "Reading.h"
 #include "Shaping.h"
 #include "Summary.h"
+#include "TableError.h"
+#include "TableReading.h"
 #include "Terminal.h"
 #include "Writing.h"
 
@@ -28,7 +28,7 @@ void convert(Options options)
     ProgressBar progress(!options.quiet && errorsGoToTerminal());
 
     progress.begin(options.input, 1);
-    Input const input = readInput(options);
+    Input const input = readInput(options.input, {options.typed, options.headingRows, writesSheet(options)});
     options.headingRows = input.headingRows;
     writeOutputs(ShapedTable(input, options), options, progress);
 
@@ -51,7 +51,7 @@ int run(QStringList const & arguments)
             convert(*options);
         }
         return 0;
-    } catch (ConvertError const & error) {
+    } catch (TableError const & error) {
         return fail("", error.what());
     } catch (ZyUserCancelledException const &) {
         return fail("zyconvert: ", "interrupted; nothing was written", 130);

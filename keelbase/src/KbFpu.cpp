@@ -6,6 +6,10 @@
 #include <atomic>
 #include <cfenv>
 
+#ifdef __MINGW32__
+#include <xmmintrin.h>
+#endif
+
 namespace
 {
 std::atomic<unsigned> resets = 0;
@@ -14,6 +18,9 @@ std::atomic<unsigned> resets = 0;
 void sp_ResetFpu()
 {
     std::fesetenv(FE_DFL_ENV);
+#ifdef __MINGW32__
+    _mm_setcsr(0x1F80); // which the library of this compiler leaves as it is
+#endif
     ++resets;
 }
 

@@ -10,6 +10,7 @@
 #include "Core/ZyUtf8_p.h"
 #include "Office/ZyZipArchive_p.h"
 #include "Platform/NativePath.h"
+#include "Platform/ZipOpening.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -224,10 +225,10 @@ ZyZipArchive::ZyZipArchive(ZyFilePath const & path, Mode mode, EntryNames names)
         if (!ZyFileSystem::Exists(path)) {
             throw ZyFileNotFoundException(path);
         }
-        handles.unzip = unzOpen(NativePath::narrow(path).c_str());
+        handles.unzip = ZipOpening::read(path);
         break;
     case Write:
-        handles.zip = zipOpen(NativePath::narrow(path).c_str(), APPEND_STATUS_CREATE);
+        handles.zip = ZipOpening::create(path);
         break;
     default:
         throw ZyInvalidParameterException("Unknown mode for zip/unzip");

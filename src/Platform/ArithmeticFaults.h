@@ -4,7 +4,7 @@
 
 #include <cfenv>
 
-#ifdef _WIN32
+#ifdef _MSC_VER
 #include <eh.h>
 #endif
 

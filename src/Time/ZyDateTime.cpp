@@ -170,11 +170,11 @@ ZyString ZyDateTime::toString() const
     if (!d()->hasFields()) {
         return "error";
     }
-    // All numbers, which no locale changes.
+    // All numbers, which no locale changes; %F and %T are not known everywhere.
     char text[64];
     std::size_t const size = d()->representation == Local
-                                 ? std::strftime(text, sizeof(text), "%FT%T%Z", &d()->fields)
-                                 : std::strftime(text, sizeof(text), "%FT%TZ", &d()->fields);
+                                 ? std::strftime(text, sizeof(text), "%Y-%m-%dT%H:%M:%S%Z", &d()->fields)
+                                 : std::strftime(text, sizeof(text), "%Y-%m-%dT%H:%M:%SZ", &d()->fields);
     return std::string(text, size);
 }
 

@@ -2,8 +2,8 @@
 // Element readers over documents in memory, and where they agree with those of the stream.
 #include <ZyXMLDomElementReader.h>
 
+#include "ReaderSlots.h"
 #include "ThrowsMessage.h"
-#include "VirtualSlot.h"
 
 #include <ZyException.h>
 #include <ZyString.h>
@@ -77,14 +77,7 @@ std::string told(ZyXMLElementReader & element)
 #if ZY_SLOTS_VISIBLE
 TEST(ZyXMLDomElementReader, KeepsTheSlotsOfItsBase)
 {
-    using R = ZyXMLDomElementReader;
-    EXPECT_EQ(virtualSlot(&R::attributes), 2u);
-    EXPECT_EQ(virtualSlot(&R::hasAttribute), 4u);
-    EXPECT_EQ(virtualSlot(&R::name), 5u);
-    EXPECT_EQ(virtualSlot(&R::readAttribute), 6u);
-    EXPECT_EQ(virtualSlot(&R::readAttributeBase64), 7u);
-    EXPECT_EQ(virtualSlot(&R::readText), 8u);
-    EXPECT_EQ(virtualSlot(&R::readTextBase64), 9u);
+    expectReaderSlots<ZyXMLDomElementReader>();
 }
 #endif
 

@@ -2,13 +2,22 @@
 // From the file to a table, by the reader that fits.
 #pragma once
 
-#include "Options.h"
 #include "TextCheck.h"
 
 #include <ZyDataTable.h>
 #include <ZyVariantTable.h>
 
+#include <QString>
+
 #include <optional>
+
+/** How to read a file. */
+struct ReadingOptions
+{
+    bool typed = true;            ///< of text: numbers become numbers
+    unsigned int headingRows = 0; ///< of text: how many rows from the first on are headings
+    bool forSheet = false;        ///< what is more than a sheet holds is refused
+};
 
 /** What was read. */
 struct Input
@@ -20,12 +29,15 @@ struct Input
 };
 
 /**
- * Reads the file that the options name: comma-separated text, or a rich table.
+ * Reads a file: comma-separated text, or a rich table.
  *
  * Of text, cells are integers, doubles and texts; what a short row lacks is the empty text. Numbers are
  * finite: what only looks like one to a C library ("nan", "inf", "1e999") stays as it is written. Of a rich
  * table, a row of stacked values becomes as many rows; a cell of one value has it in all of them, and a wide
  * cell in its first column.
- * \throws ConvertError the file cannot be read, or is no table, or one that is too large
+ * \throws TableError the file cannot be read, or is no table, or one that is too large
  */
-Input readInput(Options const & options);
+Input readInput(QString const & file, ReadingOptions const & options);
+
+/** One value a cell: what readInput() makes of a rich table. */
+ZyVariantTable flat(ZyDataTable const & rich);

@@ -8,10 +8,10 @@
 // field is empty, so that such a file is mended on its way in: two quotes are an empty field that can be
 // seen.
 
-#include "Reading.h"
+#include "TableReading.h"
 
-#include "ConvertError.h"
 #include "DataTableFile.h"
+#include "TableError.h"
 
 #include <ZyCSVFile.h>
 #include <ZyStringDevice.h>
@@ -33,7 +33,7 @@ std::string contentOf(QString const & name)
 {
     QFile file(name);
     if (!file.open(QIODevice::ReadOnly)) {
-        throw ConvertError::File(name, QStringLiteral("cannot be read: %1").arg(file.errorString()));
+        throw TableError::File(name, QStringLiteral("cannot be read: %1").arg(file.errorString()));
     }
     return file.readAll().toStdString();
 }
@@ -155,18 +155,6 @@ void spread(ZyDataTableRow const & row, unsigned int first, unsigned int height,
     }
 }
 
-ZyVariantTable flat(ZyDataTable const & rich)
-{
-    ZyVariantTable table(rich.numberSpreadsheetRows(), rich.numberColumns(), ZyVariant(ZyString()));
-    unsigned int first = 0;
-    for (ZySharedPtr<ZyDataTableRow> const & row : rich.rows().std_deque()) {
-        unsigned int const height = heightOf(*row);
-        spread(*row, first, height, table);
-        first += height;
-    }
-    return table;
-}
-
 unsigned int leadingHeadings(ZyDataTable const & rich)
 {
     unsigned int rows = 0;
@@ -179,34 +167,46 @@ unsigned int leadingHeadings(ZyDataTable const & rich)
     return rows;
 }
 
-Input readRich(Options const & options)
+Input readRich(QString const & file, ReadingOptions const & options)
 {
     Input input;
-    input.facts = checkDataTable(options.input);
-    checkSize(options.input, input.facts, writesSheet(options));
+    input.facts = checkDataTable(file);
+    checkSize(file, input.facts, options.forSheet);
     try {
-        input.asStored = readDataTable(options.input);
+        input.asStored = readDataTable(file);
     } catch (ZyException const & failure) {
-        throw ConvertError::File(options.input, failure.message().toQString());
+        throw TableError::File(file, failure.message().toQString());
     }
     input.table = flat(*input.asStored);
     input.headingRows = leadingHeadings(*input.asStored);
     return input;
 }
 
-Input readPlainInput(Options const & options)
+Input readPlainInput(QString const & file, ReadingOptions const & options)
 {
     Input input;
-    input.facts = checkText(options.input);
-    checkSize(options.input, input.facts, writesSheet(options));
-    input.table = readText(options.input, input.facts, options.typed);
+    input.facts = checkText(file);
+    checkSize(file, input.facts, options.forSheet);
+    input.table = readText(file, input.facts, options.typed);
     input.headingRows = options.headingRows;
     return input;
 }
 
 } // namespace
 
-Input readInput(Options const & options)
+ZyVariantTable flat(ZyDataTable const & rich)
 {
-    return isDataTableFile(options.input) ? readRich(options) : readPlainInput(options);
+    ZyVariantTable table(rich.numberSpreadsheetRows(), rich.numberColumns(), ZyVariant(ZyString()));
+    unsigned int first = 0;
+    for (ZySharedPtr<ZyDataTableRow> const & row : rich.rows().std_deque()) {
+        unsigned int const height = heightOf(*row);
+        spread(*row, first, height, table);
+        first += height;
+    }
+    return table;
+}
+
+Input readInput(QString const & file, ReadingOptions const & options)
+{
+    return isDataTableFile(file) ? readRich(file, options) : readPlainInput(file, options);
 }

@@ -4,8 +4,8 @@
 #include "DataTableFile.h"
 
 #include "Cell.h"
-#include "ConvertError.h"
 #include "CountedFile.h"
+#include "TableError.h"
 
 #include <ZyXMLLoader.h>
 #include <ZyXMLObject.h>
@@ -59,7 +59,7 @@ public:
 private:
     [[noreturn]] void fail(QString const & reason) const
     {
-        throw ConvertError::Line(m_name, static_cast<unsigned long long>(m_xml.lineNumber()), reason);
+        throw TableError::Line(m_name, static_cast<unsigned long long>(m_xml.lineNumber()), reason);
     }
 
     void enter()
@@ -201,6 +201,16 @@ private:
     unsigned long long m_values = 0;
 };
 
+ZyDataTable load(ZyXMLStreamReader & reader)
+{
+    ZyDataTable table;
+    ZySharedPtr<ZyXMLLoader> const loader = ZyXMLLoader::Create();
+    loader->add<ZyDataTable>(ZyXMLPath(rootName),
+                             [&table](ZyUniquePtr<ZyDataTable> read) { table = std::move(*read); });
+    loader->load(reader);
+    return table;
+}
+
 QString placeOf(std::size_t row, std::size_t item)
 {
     return QStringLiteral("row %1, cell %2").arg(row + 1).arg(item + 1);
@@ -233,7 +243,7 @@ TextFacts checkDataTable(QString const & name)
     openInput(file, name);
     TextFacts facts = FormCheck(name, file).run();
     if (facts.lines == 0) {
-        throw ConvertError::File(name, QStringLiteral("has no rows"));
+        throw TableError::File(name, QStringLiteral("has no rows"));
     }
     facts.bytes = static_cast<unsigned long long>(file.size());
     return facts;
@@ -241,18 +251,18 @@ TextFacts checkDataTable(QString const & name)
 
 ZyDataTable readDataTable(QString const & file)
 {
-    ZyDataTable table;
-    ZySharedPtr<ZyXMLLoader> const loader = ZyXMLLoader::Create();
-    loader->add<ZyDataTable>(ZyXMLPath(rootName),
-                             [&table](ZyUniquePtr<ZyDataTable> read) { table = std::move(*read); });
     ZyXMLStreamReader reader{ZyFilePath(ZyString(file))};
-    loader->load(reader);
-    return table;
+    return load(reader);
 }
 
-unsigned long long writeDataTable(ZyFilePath const & file, ZyDataTable const & table)
+ZyDataTable readDataTable(ZyIODevice & device)
 {
-    CountedFile device(file);
+    ZyXMLStreamReader reader(device);
+    return load(reader);
+}
+
+void writeDataTable(ZyIODevice & device, ZyDataTable const & table)
+{
     ZyXMLStreamWriter xml(device, ZyXMLStreamWriter::AutoFormattingSettings());
     xml.startDocument();
     {
@@ -260,6 +270,12 @@ unsigned long long writeDataTable(ZyFilePath const & file, ZyDataTable const & t
         ZyXMLObject<ZyDataTable>::Write(*root, table);
     }
     xml.finishDocument();
+}
+
+unsigned long long writeDataTable(ZyFilePath const & file, ZyDataTable const & table)
+{
+    CountedFile device(file);
+    writeDataTable(device, table);
     return device.written();
 }
 

@@ -25,16 +25,16 @@ struct TextFacts
     Extreme fieldLength;         ///< longest field, in characters as spreadsheets count them (UTF-16)
 };
 
-/** Opens the input for reading. \throws ConvertError there is no such file, or none that can be read */
+/** Opens the input for reading. \throws TableError there is no such file, or none that can be read */
 void openInput(QFile & file, QString const & name);
 
 /**
  * Reads a file once and looks at every byte; needs no memory to speak of.
  *
- * \throws ConvertError the file cannot be read, is empty, is no UTF-8 text, holds control characters, or has quoted
+ * \throws TableError the file cannot be read, is empty, is no UTF-8 text, holds control characters, or has quoted
  * fields that are not well-formed
  */
 TextFacts checkText(QString const & file);
 
-/** \throws ConvertError the table is larger than memory may hold, or than a sheet, where one is to be written */
+/** \throws TableError the table is larger than memory may hold, or than a sheet, where one is to be written */
 void checkSize(QString const & file, TextFacts const & facts, bool forSheet);

@@ -3,7 +3,7 @@
 
 #include "TextCheck.h"
 
-#include "ConvertError.h"
+#include "TableError.h"
 #include "Utf8Check.h"
 
 #include <QFile>
@@ -44,7 +44,7 @@ public:
             endLine();
         }
         if (m_facts.quotedFields && !m_quoteProblem.isEmpty()) {
-            throw ConvertError::Line(m_file, m_quoteProblemLine, m_quoteProblem);
+            throw TableError::Line(m_file, m_quoteProblemLine, m_quoteProblem);
         }
         return m_facts;
     }
@@ -172,7 +172,7 @@ private:
 
     [[noreturn]] void refuse(QString const & reason) const
     {
-        throw ConvertError::Line(m_file, m_facts.lines + 1, reason);
+        throw TableError::Line(m_file, m_facts.lines + 1, reason);
     }
 
     static QString hex(unsigned char byte)
@@ -211,16 +211,16 @@ void openInput(QFile & file, QString const & name)
 {
     QFileInfo const info(name);
     if (!info.exists()) {
-        throw ConvertError::File(name, QStringLiteral("there is no such file"));
+        throw TableError::File(name, QStringLiteral("there is no such file"));
     }
     if (info.isDir()) {
-        throw ConvertError::File(name, QStringLiteral("is a directory"));
+        throw TableError::File(name, QStringLiteral("is a directory"));
     }
     if (!info.isFile()) {
-        throw ConvertError::File(name, QStringLiteral("is no regular file"));
+        throw TableError::File(name, QStringLiteral("is no regular file"));
     }
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        throw ConvertError::File(name, QStringLiteral("cannot be read: %1").arg(file.errorString()));
+        throw TableError::File(name, QStringLiteral("cannot be read: %1").arg(file.errorString()));
     }
 }
 
@@ -235,7 +235,7 @@ TextFacts checkText(QString const & name)
     unsigned long long total = 0;
     for (qint64 read = 0; (read = file.read(block.data(), qint64(block.size()))) != 0;) {
         if (read < 0) {
-            throw ConvertError::File(name, QStringLiteral("cannot be read: %1").arg(file.errorString()));
+            throw TableError::File(name, QStringLiteral("cannot be read: %1").arg(file.errorString()));
         }
         std::string_view bytes(block.data(), std::size_t(read));
         if (total == 0 && bytes.substr(0, mark.size()) == mark) {
@@ -247,7 +247,7 @@ TextFacts checkText(QString const & name)
     }
     TextFacts facts = scanner.finish();
     if (facts.lines == 0) {
-        throw ConvertError::File(name, QStringLiteral("is empty"));
+        throw TableError::File(name, QStringLiteral("is empty"));
     }
     facts.byteOrderMark = markSeen;
     facts.bytes = total;
@@ -257,25 +257,25 @@ TextFacts checkText(QString const & name)
 void checkSize(QString const & file, TextFacts const & facts, bool forSheet)
 {
     if (forSheet && facts.lines > sheetRows) {
-        throw ConvertError::Line(file, sheetRows + 1,
-                                 QStringLiteral("more rows than the %1 of a sheet").arg(sheetRows));
+        throw TableError::Line(file, sheetRows + 1,
+                               QStringLiteral("more rows than the %1 of a sheet").arg(sheetRows));
     }
     if (forSheet && facts.fields.value > sheetColumns) {
-        throw ConvertError::Line(file, facts.fields.line,
-                                 QStringLiteral("%1 fields, more than the %2 columns of a sheet")
-                                     .arg(facts.fields.value)
-                                     .arg(sheetColumns));
+        throw TableError::Line(file, facts.fields.line,
+                               QStringLiteral("%1 fields, more than the %2 columns of a sheet")
+                                   .arg(facts.fields.value)
+                                   .arg(sheetColumns));
     }
     if (forSheet && facts.fieldLength.value > cellCharacters) {
-        throw ConvertError::Line(file, facts.fieldLength.line,
-                                 QStringLiteral("a field of %1 characters, more than the %2 of a cell")
-                                     .arg(facts.fieldLength.value)
-                                     .arg(cellCharacters));
+        throw TableError::Line(file, facts.fieldLength.line,
+                               QStringLiteral("a field of %1 characters, more than the %2 of a cell")
+                                   .arg(facts.fieldLength.value)
+                                   .arg(cellCharacters));
     }
     if (facts.lines > mostCells || facts.fields.value > mostCells / facts.lines) {
-        throw ConvertError::Line(file, facts.fields.line,
-                                 QStringLiteral("%1 fields, which makes a table of %2 rows too large to hold")
-                                     .arg(facts.fields.value)
-                                     .arg(facts.lines));
+        throw TableError::Line(file, facts.fields.line,
+                               QStringLiteral("%1 fields, which makes a table of %2 rows too large to hold")
+                                   .arg(facts.fields.value)
+                                   .arg(facts.lines));
     }
 }

@@ -3,6 +3,7 @@
 
 #include "PendingFile.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QUuid>
@@ -21,16 +22,16 @@ std::filesystem::path standardPath(QString const & file)
 void checkTarget(QString const & target, QFileInfo const & place)
 {
     if (place.isDir()) {
-        throw ConvertError::File(target, QStringLiteral("is a directory"));
+        throw TableError::File(target, QStringLiteral("is a directory"));
     }
     if (place.exists() && !place.isFile()) {
-        throw ConvertError::File(target, QStringLiteral("is no regular file"));
+        throw TableError::File(target, QStringLiteral("is no regular file"));
     }
     if (!QFileInfo(place.absolutePath()).isDir()) {
-        throw ConvertError::File(target, QStringLiteral("its directory does not exist"));
+        throw TableError::File(target, QStringLiteral("its directory does not exist"));
     }
     if (place.exists() && !place.isWritable()) {
-        throw ConvertError::File(target, QStringLiteral("is write-protected"));
+        throw TableError::File(target, QStringLiteral("is write-protected"));
     }
 }
 
@@ -42,8 +43,9 @@ PendingFile::PendingFile(QString const & target) : m_target(target)
     QFileInfo const place(named.isSymLink() ? named.symLinkTarget() : target);
     checkTarget(target, place);
     m_place = place.absoluteFilePath();
-    m_temporary = place.absolutePath() + QStringLiteral("/.zyconvert-") +
-                  QUuid::createUuid().toString(QUuid::WithoutBraces) + QStringLiteral(".tmp");
+    m_temporary = QStringLiteral("%1/.%2-%3.tmp")
+                      .arg(place.absolutePath(), QCoreApplication::applicationName(),
+                           QUuid::createUuid().toString(QUuid::WithoutBraces));
 }
 
 PendingFile::~PendingFile()
@@ -58,9 +60,9 @@ ZyFilePath PendingFile::path() const
     return ZyFilePath(ZyString(m_temporary));
 }
 
-ConvertError PendingFile::incomplete() const
+TableError PendingFile::incomplete() const
 {
-    return ConvertError::File(m_target, QStringLiteral("not all of it could be written; is the disk full?"));
+    return TableError::File(m_target, QStringLiteral("not all of it could be written; is the disk full?"));
 }
 
 void PendingFile::checkSize(unsigned long long written) const
@@ -78,7 +80,7 @@ void PendingFile::commit()
     std::error_code failure;
     std::filesystem::rename(standardPath(m_temporary), standardPath(m_place), failure);
     if (failure) {
-        throw ConvertError::File(
+        throw TableError::File(
             m_target,
             QStringLiteral("cannot be put into place: %1").arg(QString::fromStdString(failure.message())));
     }

@@ -9,6 +9,8 @@
 
 #include <QString>
 
+class ZyIODevice;
+
 /** Whether a name ends with ".zyt.xml", in capitals or not. */
 bool isDataTableFile(QString const & file);
 
@@ -17,12 +19,18 @@ bool isDataTableFile(QString const & file);
  * know, and tells of damage without a line.
  *
  * \return its size and extremes; a row of stacked values counts as many lines as it will have
- * \throws ConvertError the file cannot be read, is no XML, or not of this form
+ * \throws TableError the file cannot be read, is no XML, or not of this form
  */
 TextFacts checkDataTable(QString const & file);
 
 /** Reads a file that checkDataTable has passed. */
 ZyDataTable readDataTable(QString const & file);
+
+/** Reads what writeDataTable() has written. */
+ZyDataTable readDataTable(ZyIODevice & device);
+
+/** Writes a table in this form. */
+void writeDataTable(ZyIODevice & device, ZyDataTable const & table);
 
 /** Writes a table in this form. \return the number of bytes */
 unsigned long long writeDataTable(ZyFilePath const & file, ZyDataTable const & table);

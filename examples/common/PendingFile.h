@@ -2,7 +2,7 @@
 // A file that appears whole or not at all.
 #pragma once
 
-#include "ConvertError.h"
+#include "TableError.h"
 
 #include <ZyFilePath.h>
 
@@ -15,7 +15,7 @@
 class PendingFile
 {
 public:
-    /** \throws ConvertError nothing can be written there */
+    /** \throws TableError nothing can be written there */
     explicit PendingFile(QString const & target);
     PendingFile(PendingFile const &) = delete;
     PendingFile & operator=(PendingFile const &) = delete;
@@ -27,12 +27,12 @@ public:
     /** The name that the user gave. */
     QString const & target() const { return m_target; }
     /** What to throw when the disk holds less than was written. */
-    ConvertError incomplete() const;
-    /** \throws ConvertError what was written is not what stands on the disk */
+    TableError incomplete() const;
+    /** \throws TableError what was written is not what stands on the disk */
     void checkSize(unsigned long long written) const;
     /**
      * Puts the file into its place, over an existing one, whose permissions it takes on.
-     * \throws ConvertError that cannot be done; the existing file is as it was
+     * \throws TableError that cannot be done; the existing file is as it was
      */
     void commit();
 
