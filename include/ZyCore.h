@@ -2,6 +2,7 @@
 // Everything at once. tools/check_umbrella.py --write makes this file from the other headers.
 #pragma once
 
+#include <TandobleException.h>
 #include <XMLReport.h>
 #include <ZyAbstractParallelProblem.h>
 #include <ZyAction.h>

@@ -2,6 +2,10 @@
 // Every class, declared ahead. tools/check_umbrella.py --write makes this file from the other headers.
 #pragma once
 
+struct DynFuncException;
+struct FaultPointers;
+struct OsException;
+struct TandobleException;
 struct XMLReportHeader;
 struct XMLReportInfo;
 struct XMLReportMeritFunction;
