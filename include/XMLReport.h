@@ -165,8 +165,9 @@ ZYCORE_EXPORT bool sp_TestMswVersion(ZyXMLDomElement & root);
 
 /**
  * Sets an attribute to a number exactly, as the Base64 text of its bytes. When the option WriteXMLAsciiReals
- * is true, an attribute with "_ascii" behind the name gets the number for people, with ten digits. The option
- * is read once, at the first call in the process.
+ * is true, an attribute with "_ascii" behind the name gets the number for people, with ten digits.
+ *
+ * \deliberate{option-is-read-once} The option is read at the first call in the process; a later change has no effect.
  *
  * \throws as ZyXMLDomElement::setAttribute
  * \threads any, for different documents

@@ -24,8 +24,10 @@
  *     ZyUniquePtr<ThreadMemory> createThreadMemory() override { return ZyUniquePtr<ThreadMemory>(new Sum); }
  *     WorkSource const & workSource() const override { return m_numbers; }
  *     WorkSource & workSource() override { return m_numbers; }
- *     void solve(Item item, ThreadMemory & memory) override { static_cast<Sum &>(memory).sum += item * item;
- * }
+ *     void solve(Item item, ThreadMemory & memory) override
+ *     {
+ *         static_cast<Sum &>(memory).sum += item * item;
+ *     }
  *     ...
  * };
  * Squares squares;
@@ -124,7 +126,7 @@ public:
      * Solves one item. Called on the workers' threads, for different items at once, with the memory of the
      * worker.
      *
-     * \deliberate{parallel-null-pointer-drops-item} A ZyNullPointerException from here, from WorkSource::current() or for
+     * \deliberate{parallel-null-pointer-drops-item} A ZyNullPointerException from solve(), from WorkSource::current() or for
      * want of a memory drops the item, and the worker goes on. Any other exception ends the process: a
      * subclass that wants to report a failure keeps it in its memory.
      */

@@ -10,8 +10,8 @@
 /**
  * One action that is a sequence of others, which may be groups themselves.
  *
- * An exception of a member leaves the group at once: later members do not run, and what earlier ones did
- * stays done.
+ * \deliberate{group-stops-half-way} An exception of a member leaves the group at once: later members do not run, and what
+ * earlier ones did stays done. Who can undo half a gesture does so in the member.
  */
 class ZYCORE_EXPORT ZyActionGroup : public ZyAction
 {

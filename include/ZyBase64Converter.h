@@ -92,7 +92,7 @@ public:
 /**
  * A 64-bit integer as decimal text.
  *
- * \deliberate{long-long-is-decimal} Unlike its neighbours it is no Base64.
+ * \deliberate{long-long-is-decimal} Unlike its neighbours it writes no Base64: documents hold such numbers so.
  */
 class ZYCORE_EXPORT ZyStringLongLongConverter : public ZyStringConverter<__int64>
 {
@@ -102,6 +102,9 @@ public:
     ZyString convert(__int64 const & number) const override;
     /**
      * Reads decimal digits behind blanks and a sign; what follows them is ignored.
+     *
+     * \deliberate{long-long-throws-standard-errors} Failures are told by the standard library's exceptions, which no
+     * handler of a ZyException catches.
      *
      * \throws std::invalid_argument there are no digits: "invalid stoll argument"
      * \throws std::out_of_range the number does not fit: "stoll argument out of range"

@@ -35,8 +35,11 @@ public:
      * Splits a line into its fields, one more than it has commas outside quotes.
      *
      * White space around a field (ZyString::IsWhiteSpace, so a line feed at the end too) is cut. Of a field
-     * that then begins and ends with a quote, this one pair is taken away; quotes inside stay as they are.
-     * Quotes need not balance: an unbalanced one guards the rest of the line.
+     * that then begins and ends with a quote, this one pair is taken away. Quotes need not balance: an
+     * unbalanced one guards the rest of the line.
+     *
+     * \deliberate{csv-doubled-quotes-stay} Quotes inside a field stay as they are, doubled ones doubled: the format has no
+     * escaped quote.
      *
      * \deliberate{csv-last-field-empty-throws} A line that is empty or blank, or whose last field is, such as one that
      * ends in a comma, is refused: the caller gets an exception and never a short row.

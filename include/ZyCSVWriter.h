@@ -24,7 +24,9 @@ class ZyVariant;
  * caller who needs quotes puts them into the value.
  *
  * The device is on loan for the writer's life. It is neither flushed nor closed here: close it yourself, and
- * mind what its last write may report. One thread at a time.
+ * mind what its last write may report.
+ *
+ * \threads one thread at a time
  */
 class ZYCORE_EXPORT ZyCSVWriter
 {
@@ -56,7 +58,12 @@ public:
      * \throws what ZyIODevice::write throws; the line is then still under way
      */
     void endLine();
-    /** Another name of endLine(): ends the line under way, if any, so that a new one can start. */
+    /**
+     * Another name of endLine().
+     *
+     * \deliberate{csv-start-line-ends-a-line} It ends the line under way, if any, so that a new one can start; calling both is
+     * harmless.
+     */
     void startLine();
 
 private:

@@ -30,10 +30,14 @@ public:
      * Orders two texts: negative, zero or positive.
      *
      * The characters, folded by the global locale of the moment or as bytes, are compared as signed 8-bit
-     * numbers, so bytes from 128 on sort before ASCII; of two texts that agree the shorter is the lesser.
-     * Only the sign of the result has a meaning.
+     * numbers; of two texts that agree as far as both go the shorter is the lesser. Only the sign of the
+     * result has a meaning.
      *
-     * \deliberate{signed-bytes-order} Sorted files of the suite rest on this order of the bytes from 128 on.
+     * \deliberate{signed-bytes-order} Bytes from 128 on sort before ASCII: sorted files of the suite rest on it.
+     *
+     * \deliberate{comparison-takes-the-locale-of-the-moment} The locale is the global one of the moment, and not that
+     * of a ZyString, which equal() and lessThan() take: two strings of different locales compare alike from
+     * either side.
      */
     virtual int compare(ZyComparableString const & other, Comparison comparison) const;
     virtual bool operator==(char const * other) const;

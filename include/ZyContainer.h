@@ -16,8 +16,9 @@
  * A collection of T, used by reference: a function that takes it accepts every concrete container.
  *
  * Equality of elements is whatever T defines: without regard to case for ZyString, the address for shared
- * pointers. No locks: a container may be read from several threads while nobody writes. Deleting through this
- * interface is not allowed, and its destructor therefore protected.
+ * pointers. Deleting through this interface is not allowed, and its destructor therefore protected.
+ *
+ * \threads no locks: a container may be read from several threads while nobody writes
  */
 template <class T>
 class ZyContainer

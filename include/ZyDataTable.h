@@ -95,8 +95,9 @@ private:
  * Rows and columns count from 0. Rows may be shorter than the table; nothing pads them in storage.
  *
  * A copy shares the row and item objects with its source: adding, clearing and sorting do not disturb the
- * other, but a change of an item reached through rows() shows in both. One thread at a time, for a table and
- * all that share its rows.
+ * other, but a change of an item reached through rows() shows in both.
+ *
+ * \threads one thread at a time, for a table and all that share its rows
  */
 class ZYCORE_EXPORT ZyDataTable
 {
@@ -110,6 +111,7 @@ public:
     /** Whether the first value comes before the second; must not change the table. */
     using LessThan = std::function<bool(ZyVariant const &, ZyVariant const &)>;
 
+    /** No rows and no columns. */
     ZyDataTable();
     /** A table that shares its rows with \a other. */
     ZyDataTable(ZyDataTable const & other);
@@ -168,8 +170,10 @@ public:
 
     /**
      * Sorts rows by their values in one column, ascending as ZyVariant::compare or as \a lessThan says. The
-     * forms with a range sort the \a count rows from \a start on, those without it all rows, heading rows
-     * included.
+     * forms with a range sort the \a count rows from \a start on, those without it all rows.
+     *
+     * \deliberate{headings-sort-with-the-others} Heading rows get no special care: who wants them to stay on top sorts the
+     * range below them.
      *
      * Either all rows of the range are sorted, or, when anything is thrown, none has moved: \a lessThan may
      * throw. Rows of equal values may change their order. Where a comparison is no strict weak order, as with
@@ -232,8 +236,10 @@ public:
      */
     void writeOOXML(ZyFilePath const & path) const;
     /**
-     * Adds a sheet to a workbook. The sheet closes with the next one or with the writer. Heading rows look
-     * like any other.
+     * Adds a sheet to a workbook. The sheet closes with the next one or with the writer.
+     *
+     * \deliberate{headings-look-like-any-row} Heading rows have no mark in the sheet: the package has no styles.
+     *
      * \throws what ZyOOXMLWriter::addSheet, the sheet and forEachItemSpreadsheet throw
      */
     void writeOOXML(ZyOOXMLWriter & writer, ZyString const & sheetName) const;

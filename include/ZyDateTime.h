@@ -25,8 +25,8 @@
  * ZyXMLObject it is the text.
  *
  * The calendar and the time zones are the system's; the zone is that of the process at the construction or at
- * setRepresentation(). A moment that the calendar does not hold has no fields: year and day are 0, month and
- * names are "error" or -1, the text is "error".
+ * setRepresentation(). A moment that the calendar does not hold has no fields: its month is -1 and every
+ * other number 0, its names and its text are "error".
  *
  * A value class: copies are deep. \threads as the standard containers, while nobody changes the zone of the
  * process
@@ -115,7 +115,11 @@ public:
     /** Changes the view; the moment stays. */
     void setRepresentation(Representation representation);
 
-    /** Whether both are the same moment. */
+    /**
+     * Whether both are the same moment.
+     *
+     * \deliberate{view-plays-no-part} The view is not looked at: equal moments may give different fields and texts.
+     */
     bool operator==(ZyDateTime const & other) const;
     bool operator!=(ZyDateTime const & other) const;
     /** -1, 0 or 1, as this comes before, with or after the other. */

@@ -2,6 +2,7 @@
 // The file device that hosts create.
 #pragma once
 
+#include <ZyExport.h>
 #include <ZyFileDevice.h>
 
 /** A file on disk; all that it does is told at ZyFileDevice and ZyIODevice. */

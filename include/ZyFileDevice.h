@@ -2,6 +2,7 @@
 // A disk file as a device.
 #pragma once
 
+#include <ZyExport.h>
 #include <ZyFilePath.h>
 #include <ZyIODevice.h>
 #include <ZyPrivateObject.h>
@@ -12,11 +13,14 @@
  * A file on disk behind the device interface, read and written through one buffer with one position. Hosts
  * create a ZyFile.
  *
- * The device is for text. ReadWrite opens an existing file in append state: it is read from the start, and
- * every write goes to its end; a missing file is created. A path that names a directory cannot be opened.
- * What a write leaves in the buffer reaches the disk when the buffer is full or the device is closed, and a
- * failure at close() is not reported; nor is it by the destructor, which closes the file without calling
- * close().
+ * The device is for text. A path that names a directory cannot be opened. What a write leaves in the buffer
+ * reaches the disk when the buffer is full or the device is closed.
+ *
+ * \deliberate{read-write-appends} ReadWrite opens an existing file in append state: it is read from the start, and
+ * every write goes to its end, wherever the position stands. A missing file is created.
+ *
+ * \deliberate{file-close-is-silent} A failure at close() is not reported, nor is one in the destructor, which closes the
+ * file without calling close(). Use ZyFileWriter where a file must arrive whole.
  *
  * \deliberate{file-device-cuts-at-nul} A read drops what it has read from the first NUL on, while the position has
  * moved past it. readAll() and readRemaining() read pieces of 128 bytes, readLine() single ones, so that a
@@ -25,13 +29,14 @@
  * A host's class over this one may replace onRead(): lines and remainders then come through it, a byte and
  * 128 bytes at a time; the library's own classes read them straight from the buffer, with the same result.
  *
- * Not copyable. One thread at a time.
+ * Not copyable. \threads one thread at a time
  */
 class ZYCORE_EXPORT ZyFileDevice : public ZyIODevice
 {
 public:
     /** The null path, which cannot be opened. */
     ZyFileDevice();
+    /** The file at \a path; nothing is opened. */
     explicit ZyFileDevice(ZyFilePath const & path);
     explicit ZyFileDevice(ZyString const & path);
     explicit ZyFileDevice(char const * path);
@@ -42,9 +47,13 @@ public:
     /** The file, fixed at construction. */
     ZyFilePath const & path() const;
 
-    /** Nothing happens in a mode that does not read. \deliberate{one-file-position} The write position moves too. */
+    /**
+     * Moves the position, counted from the start; nothing happens in a mode that does not read.
+     *
+     * \deliberate{one-file-position} The write position moves too: the file has one.
+     */
     void seek_read(unsigned int position) override;
-    /** Nothing happens in a mode that does not write. The read position moves too. */
+    /** Moves the one position too; nothing happens in a mode that does not write. */
     void seek_write(unsigned int position) override;
     bool atEnd() const override;
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <ZyException.h>
+#include <ZyExport.h>
 #include <ZyFilePath.h>
 
 #include <filesystem>

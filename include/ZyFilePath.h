@@ -33,7 +33,9 @@
  * reached.
  *
  * A value class: copies are deep, a moved-from path is the null path. Comparison ignores case, as that of
- * ZyString, also where the disk respects it: equal paths may name two files there. No lock.
+ * ZyString, also where the disk respects it: equal paths may name two files there.
+ *
+ * \threads a value: one object has no lock, different ones are independent
  */
 class ZYCORE_EXPORT ZyFilePath
 {
@@ -76,14 +78,19 @@ public:
     ZyString const & toString() const;
     /** The same as path(). */
     operator ZyString const &() const;
-    /** The stored text up to the first NUL, trimmed once more, as wide characters; U+FFFD for a bad byte. */
+    /**
+     * The stored text up to the first NUL as wide characters; U+FFFD for a bad byte.
+     *
+     * \deliberate{wide-path-is-trimmed} White space at the ends goes once more, also that of a path made by
+     * CreateUnchecked(): no name that the system is asked for has any.
+     */
     std::wstring toWString() const;
 
     /** Whether the path is empty. */
     bool isNull() const;
     /** Whether the text ends with a separator. */
     bool isDirectory() const;
-    /** Whether it does not; so also for the null path. */
+    /** Whether it does not. \deliberate{null-path-is-a-file} The null path is a file, too: only the spelling counts. */
     bool isFile() const;
     /** Whether there is a root name. */
     bool isAbsolute() const;

@@ -17,7 +17,9 @@
  *
  * A failure of the system is a ZyFileException with the words and paths of the standard library, except at
  * IsDirectory(), which lets the standard std::filesystem::filesystem_error out. A path that holds a NUL is
- * refused everywhere with ZyInvalidPathException. Any thread.
+ * refused everywhere with ZyInvalidPathException.
+ *
+ * \threads any
  */
 class ZYCORE_EXPORT ZyFileSystem
 {
@@ -37,7 +39,8 @@ public:
     /**
      * Whether there is a directory; not the test of the spelling that ZyFilePath makes.
      *
-     * \deliberate{is-directory-lets-standard-errors-out} The one operation whose failure is not translated.
+     * \deliberate{is-directory-lets-standard-errors-out} The one operation whose failure is not translated into a
+     * ZyFileException.
      *
      * \throws std::filesystem::filesystem_error the system cannot tell
      */
@@ -67,8 +70,10 @@ public:
      *
      * Paths begin with \a path as it stands. Nothing is told of dot names, broken links, pipes and names that
      * are no UTF-8. A link to a directory comes as a directory and is entered only with \a followLinks; each
-     * directory is entered once. What cannot be read, or is no directory, has no content. Exceptions of \a
-     * visit pass through and end the walk.
+     * directory is entered once. Exceptions of \a visit pass through and end the walk.
+     *
+     * \deliberate{walk-reports-no-failure} What cannot be read, or is no directory, has no content, and nothing is thrown:
+     * a walk goes on beside it.
      */
     static void ForEachFile(ZyFilePath const & path, bool recursive, bool followLinks,
                             std::function<void(ZyFilePath &&)> visit);

@@ -2,6 +2,7 @@
 // Files that arrive complete or not at all.
 #pragma once
 
+#include <ZyExport.h>
 #include <ZyPrivateObject.h>
 
 class QIODevice;
@@ -10,8 +11,8 @@ class ZyTemporaryFile;
 
 /**
  * Writes a file that takes its name whole or not at all: what is written goes to a temporary file beside the
- * target, and close() moves that into place. Whatever happens before - a writer destroyed, a full disk, a
- * process killed - leaves an earlier file as it was.
+ * target, and close() moves that into place. Whatever happens before leaves an earlier file as it was: a
+ * writer that is destroyed, a full disk, a process that is killed.
  *
  * \code
  * ZyFileWriter writer("limits.csv");
@@ -49,7 +50,8 @@ public:
     void open();
     /**
      * Writes a text. A failure is not told here but by close().
-     * \deliberate{file-writer-cuts-at-nul} The text ends at its first NUL.
+     *
+     * \deliberate{file-writer-cuts-at-nul} The text ends at its first NUL: bytes go through device().
      */
     void write(ZyString const & text);
     /**

@@ -18,8 +18,9 @@
  * }
  * \endcode
  *
- * A histogram does not change once it is made, except by assignment; copies are deep. It has no locks: it may
- * be read from several threads.
+ * A histogram does not change once it is made, except by assignment; copies are deep.
+ *
+ * \threads no locks: it may be read from several threads
  */
 class ZYCORE_EXPORT ZyHistogram
 {

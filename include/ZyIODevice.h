@@ -23,7 +23,9 @@
  * \endcode
  *
  * Code that gets a device to write to opens it when it is closed, refuses it when its mode is exactly Read,
- * and uses it as it stands otherwise. One thread at a time.
+ * and uses it as it stands otherwise.
+ *
+ * \threads one thread at a time
  */
 class ZYCORE_EXPORT ZyIODevice
 {
@@ -131,7 +133,11 @@ public:
      * lastError().
      */
     bool hasError() const;
-    /** The text of the last failure; neither a later success nor close() clears it. */
+    /**
+     * The text of the last failure.
+     *
+     * \deliberate{last-error-stays} Neither a later success nor close() clears it: the next failure replaces it.
+     */
     ZyString const & lastError() const;
 
 protected:

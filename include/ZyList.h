@@ -8,6 +8,7 @@
 #include <iterator>
 #include <list>
 #include <utility>
+#include <vector>
 
 /**
  * A linked list behind the container interface: items keep their address.

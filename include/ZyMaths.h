@@ -87,12 +87,20 @@ public:
         /** low + (high - low) times a number from 0 up to but not including 1; \a low may lie above \a high.
          */
         static double Double(double const & low, double const & high);
-        /** Both parts from 0 up to but not including 1. The imaginary part is drawn first. */
+        /**
+         * Both parts from 0 up to but not including 1.
+         *
+         * \deliberate{complex-draws-its-imaginary-part-first} The first number drawn is the imaginary part: the
+         * order belongs to the sequence of the generator.
+         */
         static std::complex<double> Complex();
         /**
          * Normally distributed numbers by the polar method. The second deviate of the last pair is dropped
          * when \a count is odd, and not kept for the next call.
          *
+         * \param mean the mean of the distribution
+         * \param sigma its standard deviation
+         * \param count how many numbers; 0 draws nothing
          * \return \a count numbers, owned by the caller
          * \throws std::length_error \a count is above 536,870,911
          */

@@ -2,6 +2,7 @@
 // Writing a workbook: a package of worksheets.
 #pragma once
 
+#include <ZyExport.h>
 #include <ZyPrivateObject.h>
 #include <ZySharedPtr.h>
 #include <ZyZipArchive.h>
@@ -26,8 +27,10 @@ class ZyString;
  * workbook.close();
  * \endcode
  *
- * The file is a valid package only after the writer has been destroyed. One sheet is under way at a time and
- * streams straight into the file.
+ * One sheet is under way at a time and streams straight into the file.
+ *
+ * \deliberate{package-is-whole-when-the-writer-is-gone} The file is a valid package only after the writer has been
+ * destroyed, and not yet after close(): then the archive writes its directory.
  *
  * \threads one thread at a time, together with the sheets
  */
@@ -41,6 +44,7 @@ public:
 
     /**
      * Creates the file, over an older one if there is one.
+     * \param type Spreadsheet; close() refuses any other
      * \param names how entry names are spelt
      * \throws ZyInvalidPathException the file cannot be created
      */
@@ -61,14 +65,18 @@ public:
      * Begins a sheet, after closing the one under way. Shared with the writer; once closed the sheet refuses
      * rows.
      *
+     * \deliberate{sheet-behind-close-is-not-listed} Behind close() it still writes a sheet, which no list of the package
+     * names: no program shows it.
+     *
      * \param name of the sheet and of its entry; it is not checked, so keep to letters, digits and blanks
      * \throws ZyInvalidParameterException a sheet has that name, case aside: "Document with the given name already exists: "
      *         and the name; the sheet under way stays open
      */
     ZySharedPtr<ZyOOXMLWriterSpreadsheet> addSheet(ZyString const & name);
     /**
-     * Closes the sheet under way and writes the parts that list the sheets. Only the first call does
-     * anything, even when it fails.
+     * Closes the sheet under way and writes the parts that list the sheets.
+     *
+     * \deliberate{package-closes-once} Only the first call does anything, even when it fails: there is no second try.
      *
      * \throws ZyFileSaveException there is no sheet: "Cannot save [Cannot save document as not content provided]"; the kind
      *         is unknown: "Cannot save [Unknown document type]"

@@ -2,6 +2,7 @@
 // The base of what writes one XML part of an office package.
 #pragma once
 
+#include <ZyExport.h>
 #include <ZyPrivateObject.h>
 #include <ZySharedPtr.h>
 

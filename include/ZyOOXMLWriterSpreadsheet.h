@@ -2,8 +2,12 @@
 // One worksheet of a workbook, written row by row.
 #pragma once
 
+#include <ZyExport.h>
 #include <ZyOOXMLWriterDocument.h>
+#include <ZyPrivateObject.h>
 #include <ZyString.h>
+
+#include <string>
 
 class ZyVariant;
 

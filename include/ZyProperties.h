@@ -47,7 +47,11 @@ public:
 
     /**
      * Adds a copy of a property at the end. One of the same name, without regard to case, is overwritten
-     * where it stands, the spelling of its name included. \return the property in the set
+     * where it stands.
+     *
+     * \deliberate{last-spelling-stays} The spelling of the name is overwritten, too: a set shows it as it was last written.
+     *
+     * \return the property in the set
      */
     ZyWeakPtr<ZyProperty> add(ZyProperty const & property);
     ZyWeakPtr<ZyProperty> add(ZyString const & name, ZyVariant const & value);

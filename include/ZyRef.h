@@ -4,8 +4,10 @@
 
 #include <memory>
 
-/** Holds a reference to a mutable T and owns nothing; the referent must outlive it. Equality is that of the
- * referents. */
+/**
+ * Holds a reference to a mutable T and owns nothing; the referent must outlive it. Assigning turns it to
+ * another referent and changes none. Equality is that of the referents.
+ */
 template <class T>
 class ZyRef
 {
@@ -31,8 +33,10 @@ private:
     T * m_object;
 };
 
-/** Holds a reference to a const T and owns nothing; the referent must outlive it. Equality is that of the
- * referents. */
+/**
+ * Holds a reference to a const T and owns nothing; the referent must outlive it. Assigning turns it to
+ * another referent. Equality is that of the referents.
+ */
 template <class T>
 class ZyCRef
 {

@@ -98,6 +98,10 @@ public:
     /**
      * Decoded from UTF-8 up to the first NUL: one unit a code point where wchar_t has 32 bits, UTF-16 where
      * it has 16.
+     *
+     * \deliberate{wide-text-throws-a-standard-error} Malformed text is told by the standard library's exception,
+     * which no handler of a ZyException catches.
+     *
      * \throws std::range_error "bad conversion": the text is no well-formed UTF-8
      */
     std::wstring toWString() const;
@@ -109,17 +113,18 @@ public:
     /** The unsigned integer that the text begins with, as a stream reads it; 0 without one. */
     unsigned int toSizeT() const;
 
+    /** The number of bytes. */
     unsigned int size() const override;
     /** Whether there are no characters. */
     bool isEmpty() const;
-    /** The byte at a position, unchecked. */
+    /** The byte at a zero-based position, unchecked. */
     char & operator[](unsigned int position);
     char const & operator[](unsigned int position) const override;
-    /** \throws ZyIndexOutOfBoundsException "Index out of bounds [position,size]" */
+    /** The byte at a zero-based position. \throws ZyIndexOutOfBoundsException "Index out of bounds [position,size]" */
     char & at(unsigned int position);
     char const & at(unsigned int position) const;
 
-    /** Both texts joined. */
+    /** A new string of both texts. */
     ZyString operator+(ZyString const & text) const;
     ZyString operator+(ZyStringView const & text) const;
     ZyString operator+(char const * text) const;
@@ -163,8 +168,11 @@ public:
     /** The last position of a byte. \throws ZyNotFoundException "Item not found: String::findLastOf" */
     unsigned int findLastOf(char character) const;
 
-    /** Replaces every occurrence from left to right; inserted text (up to its first NUL) is not searched
-     * again. */
+    /**
+     * Replaces every occurrence from left to right; inserted text is not searched again.
+     *
+     * \deliberate{replace-inserts-up-to-a-nul} What is inserted ends at the first NUL of \a to.
+     */
     ZyString & replace(ZyString const & from, ZyString const & to, Comparison comparison);
     /** A copy in which replace() was done. */
     ZyString replaced(ZyString const & from, ZyString const & to, Comparison comparison) const;
@@ -179,8 +187,12 @@ public:
     ZyString & spaceCapitals();
     /** A copy in which spaceCapitals() was done. */
     ZyString spacedCapitals() const;
-    /** \throws ZyIndexOutOfBoundsException \a position is beyond the size: "Index out of bounds [position,size]" */
+    /**
+     * The bytes from \a position on, as a view into this string; none at the size.
+     * \throws ZyIndexOutOfBoundsException \a position is beyond the size: "Index out of bounds [position,size]"
+     */
     ZyStringView substring(unsigned int position) const;
+    /** At most \a length bytes from \a position on. \throws ZyIndexOutOfBoundsException the same */
     ZyStringView substring(unsigned int position, unsigned int length) const;
     /**
      * Splits at every occurrence of a delimiter, without regard to case unless told otherwise; empty tokens
@@ -199,7 +211,11 @@ public:
     static bool IsLetter(char character);
     /** White space in the global locale. */
     static bool IsWhiteSpace(char character);
-    /** Carriage return and line feed, on every platform. */
+    /**
+     * Carriage return and line feed.
+     *
+     * \deliberate{new-line-is-the-same-everywhere} On every platform: files that the suite writes have one form.
+     */
     static ZyString NewLine();
     /** A display form with six significant digits, as "%g" in the C locale; it loses precision. */
     static ZyString ToString(double const & number);

@@ -2,6 +2,7 @@
 // A text in memory as a device.
 #pragma once
 
+#include <ZyExport.h>
 #include <ZyIODevice.h>
 #include <ZyPrivateObject.h>
 
@@ -11,7 +12,7 @@
  * Opening for Write empties the content; ReadWrite and Append keep it and write at its end; Read starts at
  * the front. close() keeps the content. NULs are bytes like others, except where a write overwrites.
  *
- * Not copyable. One thread at a time.
+ * Not copyable. \threads one thread at a time
  */
 class ZYCORE_EXPORT ZyStringDevice : public ZyIODevice
 {
@@ -28,9 +29,13 @@ public:
     /** The live content, whether or not the device is open. */
     ZyString const & content() const;
 
-    /** Moves the read position, at most to the end; in any mode. */
+    /**
+     * Moves the read position, at most to the end.
+     *
+     * \deliberate{text-seeks-in-any-mode} In any mode, also while the device is closed, where a file device ignores it.
+     */
     void seek_read(unsigned int position) override;
-    /** Moves the write position, at most to the end; in any mode. */
+    /** Moves the write position, at most to the end; in any mode, too. */
     void seek_write(unsigned int position) override;
     bool atEnd() const override;
 

@@ -34,15 +34,24 @@ public:
     ZyStringView(ZyStringView && other);
     ~ZyStringView() override;
     ZyStringView & operator=(ZyStringView const & other);
-    /** Swaps the two. */
+    /** Swaps the two views; the characters stay where they are. */
     ZyStringView & operator=(ZyStringView && other);
 
     char const & operator[](unsigned int position) const override;
     unsigned int size() const override;
-    /** The last position of the character, or 4294967295 when it is not there. */
+    /**
+     * The last position of the character, or 4294967295 when it is not there.
+     *
+     * \deliberate{view-tells-absence-by-a-number} ZyString::findLastOf throws instead: views serve code that takes paths
+     * apart, where a missing character is nothing unusual.
+     */
     unsigned int findLastOf(char character) const;
-    /** \throws ZyIndexOutOfBoundsException \a position is beyond the size: "Index out of bounds [position,size]" */
+    /**
+     * The characters from \a position on; none at the size.
+     * \throws ZyIndexOutOfBoundsException \a position is beyond the size: "Index out of bounds [position,size]"
+     */
     ZyStringView substring(unsigned int position) const;
+    /** At most \a length characters from \a position on. \throws ZyIndexOutOfBoundsException the same */
     ZyStringView substring(unsigned int position, unsigned int length) const;
     /** As ZyString::toInt. */
     int toInt() const;

@@ -2,6 +2,7 @@
 // A scratch file that goes with its object.
 #pragma once
 
+#include <ZyExport.h>
 #include <ZyFileDevice.h>
 
 /**

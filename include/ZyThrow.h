@@ -9,11 +9,12 @@
 /** Throws the exceptions of the library's own templates. Every function throws what its name says. */
 struct ZYCORE_EXPORT ZyThrow
 {
-    [[noreturn]] static void BadCast();                                    ///< the standard std::bad_cast
-    [[noreturn]] static void IndexOutOfBounds(unsigned int, unsigned int); ///< ZyIndexOutOfBoundsException
-    [[noreturn]] static void InvalidCall(char const * message);            ///< ZyInvalidCallException
-    [[noreturn]] static void LengthError(char const * message);            ///< the standard std::length_error
-    [[noreturn]] static void NotFound();                                   ///< ZyNotFoundException()
-    [[noreturn]] static void NullPointer();                                ///< ZyNullPointerException()
+    [[noreturn]] static void BadCast(); ///< the standard std::bad_cast
+    /** ZyIndexOutOfBoundsException(index, bound) */
+    [[noreturn]] static void IndexOutOfBounds(unsigned int index, unsigned int bound);
+    [[noreturn]] static void InvalidCall(char const * message); ///< ZyInvalidCallException
+    [[noreturn]] static void LengthError(char const * message); ///< the standard std::length_error
+    [[noreturn]] static void NotFound();                        ///< ZyNotFoundException()
+    [[noreturn]] static void NullPointer();                     ///< ZyNullPointerException()
     [[noreturn]] static void NullPointer(char const * message); ///< ZyNullPointerException(message)
 };

@@ -19,7 +19,8 @@
  * span.milliseconds().value; // 500
  * \endcode
  *
- * What comes in is checked against the range, what is calculated is not: sums and differences wrap.
+ * \deliberate{durations-wrap} What comes in is checked against the range, what is calculated is not: sums and differences
+ * wrap in silence.
  *
  * A value class: copies are deep, and each allocates one small block. Code that measures in a tight loop
  * should keep the standard durations and points.

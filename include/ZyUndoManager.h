@@ -20,9 +20,10 @@ class ZyAction;
  * history.performRedo();
  * \endcode
  *
- * An action changes stacks before it runs. Where it throws, the exception passes to the caller and the stacks
- * describe what was attempted. An action may call the manager while it runs, and so may the destructor of one
- * that is forgotten.
+ * \deliberate{action-moves-before-it-runs} An action changes stacks before it runs. Where it throws, the exception passes
+ * to the caller and the stacks describe what was attempted.
+ *
+ * An action may call the manager while it runs, and so may the destructor of one that is forgotten.
  *
  * \threads one manager serves one document on one thread
  */

@@ -2,14 +2,22 @@
 // URLs as text, with their parts on demand.
 #pragma once
 
+#include <ZyExport.h>
 #include <ZyString.h>
 
 /**
  * A URL held as the text that was given, which need not be one. Every accessor takes the text apart anew and
  * tolerantly: text that is no URL gives what can be made of it, and nothing throws.
  *
- * The parts come decoded ("%20" is a blank). \deliberate{pretty-fragment} The fragment alone keeps encoded
- * what would be ambiguous.
+ * \code
+ * ZyUrl const page("http://Example.org/data/a%20b.csv?x=1#top");
+ * page.host();       // example.org
+ * page.filename();   // a b.csv
+ * \endcode
+ *
+ * The parts come decoded: "%20" is a blank.
+ *
+ * \deliberate{pretty-fragment} The fragment alone keeps encoded what would be ambiguous.
  *
  * \threads a value: safe where nobody writes
  */
@@ -21,6 +29,7 @@ public:
     ZyUrl(ZyUrl const & other);
     /** \a other becomes the empty URL. */
     ZyUrl(ZyUrl && other);
+    /** Any text; nothing is checked. */
     ZyUrl(ZyString const & text);
     ZyUrl(ZyString && text);
     virtual ~ZyUrl();

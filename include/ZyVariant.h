@@ -74,6 +74,12 @@ public:
 
     /** Becomes a copy; the argument may be a part of this value. */
     ZyVariant & operator=(ZyVariant const & other);
+    /**
+     * Moves the value.
+     *
+     * \deliberate{variant-move-keeps-the-type} \a other keeps its type, where construction by moving leaves it Null: only
+     * the value is taken.
+     */
     ZyVariant & operator=(ZyVariant && other);
     /**
      * From now on holds this value. One of the kind held already is assigned in place, any other replaces the
@@ -125,8 +131,9 @@ public:
      * Doubles that ZyMaths::Double::Equal calls equal are equal; text and paths compare without regard to
      * case; pairs by their first members, then by their second ones.
      *
-     * This is no strict weak order: tolerant equality is not transitive, and NaN and infinities are not equal
-     * to themselves. Sort with algorithms that bear that, such as std::stable_sort.
+     * \deliberate{variant-order-is-tolerant} This is no strict weak order: tolerant equality is not transitive, and NaN
+     * and infinities are not equal to themselves. Sort with algorithms that bear that, such as
+     * std::stable_sort.
      *
      * \return the difference of the types when they differ; otherwise -1, 0 or 1
      */

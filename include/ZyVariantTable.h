@@ -24,8 +24,9 @@ class ZyIODevice;
  * ZyMatrix<double> const numbers = table.toDoubleTable(ZyVariantTable::UseDefault);
  * \endcode
  *
- * Indexes count from 0. Copies are deep. A table has no locks: it may be read from several threads while
- * nobody writes.
+ * Indexes count from 0. Copies are deep.
+ *
+ * \threads no locks: a table may be read from several threads while nobody writes
  */
 class ZYCORE_EXPORT ZyVariantTable
 {
@@ -72,9 +73,11 @@ public:
     /**
      * Reads comma-separated text from a device, each line split as ZyCSVFile::ExtractLine does.
      *
-     * The device is opened for reading and stays open, at its end or behind the line that failed. Fields
-     * become strings; with \a typed those whose text is an integer (ZyString::isInteger) become integers, and
-     * of the others those whose text is a number (ZyString::isDouble) doubles.
+     * \deliberate{loaded-device-stays-open} The device is opened for reading and stays open, at its end or behind the line
+     * that failed: who lent it closes it.
+     *
+     * Fields become strings; with \a typed those whose text is an integer (ZyString::isInteger) become
+     * integers, and of the others those whose text is a number (ZyString::isDouble) doubles.
      *
      * \deliberate{csv-padding-is-boolean} Cells that a short line lacks are Booleans that hold \a typed, and no empty
      * strings: so a caller can tell a missing cell from a present one.

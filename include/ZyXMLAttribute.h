@@ -2,6 +2,7 @@
 // One attribute of an XML element.
 #pragma once
 
+#include <ZyExport.h>
 #include <ZyPrivateObject.h>
 
 class ZyString;
@@ -37,8 +38,11 @@ public:
     /** Any text is allowed. */
     void setValue(ZyString const & value);
 
-    /** Same name and same value, \deliberate{attribute-values-ignore-case} both without regard to case, as strings
-     * compare everywhere. */
+    /**
+     * Same name and same value.
+     *
+     * \deliberate{attribute-values-ignore-case} Values, too, are compared without regard to case, as strings are everywhere.
+     */
     bool operator==(ZyXMLAttribute const & other) const;
 
 private:

@@ -2,6 +2,7 @@
 // The attributes of one XML element, and the handle through which they are shared.
 #pragma once
 
+#include <ZyExport.h>
 #include <ZyPrivateObject.h>
 #include <ZyXMLAttribute.h>
 

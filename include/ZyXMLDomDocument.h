@@ -2,6 +2,7 @@
 // A whole XML document in memory.
 #pragma once
 
+#include <ZyExport.h>
 #include <ZyPrivateObject.h>
 #include <ZyXMLDomElement.h>
 
@@ -72,7 +73,12 @@ public:
     ZyXMLDomDocument & operator=(ZyXMLDomDocument const & other);
     ~ZyXMLDomDocument() override;
 
-    /** The root element. Where there is none, one named "DefaultRoot" is made. */
+    /**
+     * The root element.
+     *
+     * \deliberate{asking-makes-a-root} Where there is none, one named "DefaultRoot" is made, so that every document has one
+     * to be filled.
+     */
     ZyXMLDomElement root();
     /**
      * Replaces the whole document, its declaration too, by a text.

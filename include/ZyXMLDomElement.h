@@ -2,6 +2,7 @@
 // One element of an XML document in memory.
 #pragma once
 
+#include <ZyExport.h>
 #include <ZyPrivateObject.h>
 #include <ZyXMLAttributeSet.h>
 
@@ -69,7 +70,7 @@ public:
     ZyXMLAttributeSetPtr attributes() const;
     /**
      * Whether there is an attribute of that name.
-     * \deliberate{dom-attributes-have-case} Exactly of that name, unlike in a ZyXMLAttributeSet.
+     * \deliberate{dom-attributes-have-case} Case counts, unlike in a ZyXMLAttributeSet: Qt keeps the names here.
      */
     bool hasAttribute(ZyString const & name) const;
     /**

@@ -2,6 +2,7 @@
 // Reading an XML document in memory through the abstract element reader.
 #pragma once
 
+#include <ZyExport.h>
 #include <ZyPrivateObject.h>
 #include <ZyXMLElementReader.h>
 

@@ -2,8 +2,11 @@
 // Writing into an XML document in memory through the abstract element writer.
 #pragma once
 
+#include <ZyExport.h>
 #include <ZyPrivateObject.h>
 #include <ZyXMLElementWriter.h>
+
+#include <memory>
 
 class ZyXMLDomElement;
 

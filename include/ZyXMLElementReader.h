@@ -2,6 +2,7 @@
 // The abstract view of one XML element that is being read, of its children and of the walk over them.
 #pragma once
 
+#include <ZyExport.h>
 #include <ZyPrivateObject.h>
 
 #include <iterator>

@@ -150,7 +150,8 @@ struct ZYCORE_EXPORT ZyXMLObject<ZyPoint, void>
 /**
  * Two children, "X" and "Y", each Base64 of the eight bytes.
  *
- * \deliberate{real-point-carries-over} As with ZyPoint, a missing coordinate is that of the element before.
+ * \deliberate{real-point-carries-over} As with ZyPoint, a missing coordinate is that of the element that the same rule
+ * read before.
  */
 template <>
 struct ZYCORE_EXPORT ZyXMLObject<ZyPointD, void>
@@ -190,7 +191,10 @@ struct ZYCORE_EXPORT ZyXMLObject<ZyDeque<ZyString>, void>
 /**
  * One child, named after the kind of the value, in which the value stands as its own binding writes it:
  * "Boolean" ("true" or "false"), "Integer", "Double", "Size", "FilePath", "FilePathPair", "String" and
- * "StringPair". The empty variant writes no child, and an element without one reads as empty.
+ * "StringPair". The empty variant writes no child, and an element without one reads as empty. Of several
+ * children the last counts.
+ *
+ * \deliberate{all-but-true-is-false} A "Boolean" is true for the word "true", in any case, and false for every other text.
  */
 template <>
 struct ZYCORE_EXPORT ZyXMLObject<ZyVariant, void>

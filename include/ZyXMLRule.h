@@ -55,9 +55,9 @@ public:
     /**
      * Called at each element of the path, before its children. Text must be read here.
      *
-     * Do not throw ZyInvalidUseException or ZyNullXMLStreamElementException from here or from onFinish: the
-     * loader takes them as a sign that the surrounding element was read already, and leaves out the rest of
-     * its children.
+     * \deliberate{two-exceptions-end-the-children} Do not throw ZyInvalidUseException or ZyNullXMLStreamElementException
+     * from here or from onFinish(): the loader takes them as a sign that the surrounding element was read
+     * already, and leaves out the rest of its children.
      */
     virtual void onStart(ZyXMLElementReader & element) = 0;
     /** Called at each element of the path, after its children. */

@@ -21,8 +21,11 @@ class ZyXMLStreamWriter;
  *     ZyString xmlElementName() const override { return "Gauge"; }
  *
  * protected:
- *     void onWriteXMLAttributes(ZyXMLElementWriter & element) const override { element.writeAttribute("unit",
- * m_unit); } void onWriteXMLContent(ZyXMLElementWriter &) const override {}
+ *     void onWriteXMLAttributes(ZyXMLElementWriter & element) const override
+ *     {
+ *         element.writeAttribute("unit", m_unit);
+ *     }
+ *     void onWriteXMLContent(ZyXMLElementWriter &) const override {}
  * };
  * \endcode
  */

@@ -2,6 +2,7 @@
 // Writing a spreadsheet as a single XML file.
 #pragma once
 
+#include <ZyExport.h>
 #include <ZyPrivateObject.h>
 
 class ZyIODevice;
@@ -11,7 +12,7 @@ class ZyVariant;
  * Writes one worksheet, named Sheet1, in the XML spreadsheet format of Office 2003 (SpreadsheetML 2003).
  *
  * \code
- * ZyFileDevice device("limits.xml");
+ * ZyFile device("limits.xml");
  * ZyXMLSpreadsheetWriter sheet(device);
  * sheet.startRow();
  * sheet.addCell("Gain", 1, 1);
@@ -51,6 +52,9 @@ public:
     /**
      * Appends a cell, in a row of its own when none is open. An Integer and a Double give a number with six
      * significant digits, every other kind the text of ZyVariant::toString.
+     *
+     * \deliberate{single-file-booleans-are-text} So a Boolean and a Null are texts, "true" and "null", where the sheet of
+     * a package has a logical and an empty cell.
      *
      * \param columnSpan columns that the cell covers; 0 counts as 1
      * \param rowSpan rows that the cell covers; 0 counts as 1

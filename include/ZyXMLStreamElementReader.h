@@ -2,6 +2,7 @@
 // One element of an XML document that is read as a stream.
 #pragma once
 
+#include <ZyExport.h>
 #include <ZyPrivateObject.h>
 #include <ZyXMLElementReader.h>
 
@@ -85,9 +86,12 @@ public:
     ZyString readAttribute(ZyString const & name) const override;
     double readAttributeBase64(ZyString const & name) const override;
     /**
-     * The first run of text directly inside the element, trimmed; children in front of it are skipped. White
-     * space between children is such a run, and so the result may be empty although text follows. Without any
-     * the element is read to its end, and closed.
+     * The first run of text directly inside the element, trimmed; children in front of it are skipped.
+     * Without any the element is read to its end, and closed.
+     *
+     * \deliberate{blank-run-is-the-text} White space between children is such a run: the result may be empty although
+     * text follows.
+     *
      * \throws ZyInvalidXMLOperation the element is not active: "Attempted to read text from non-active element"
      * \throws ZyInvalidXMLException the document is malformed: "Invalid XML: " and the parser's words
      */

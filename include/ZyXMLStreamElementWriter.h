@@ -2,8 +2,11 @@
 // One element of a document that is written as a stream.
 #pragma once
 
+#include <ZyExport.h>
 #include <ZyPrivateObject.h>
 #include <ZyXMLElementWriter.h>
+
+#include <memory>
 
 class ZyXMLStreamWriter;
 

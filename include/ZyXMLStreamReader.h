@@ -2,6 +2,7 @@
 // Reading an XML document as a stream from a device.
 #pragma once
 
+#include <ZyExport.h>
 #include <ZyPrivateObject.h>
 #include <ZySharedPtr.h>
 #include <ZyXMLAttributeSet.h>

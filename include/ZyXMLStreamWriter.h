@@ -2,6 +2,7 @@
 // Writing an XML document as a stream to a device.
 #pragma once
 
+#include <ZyExport.h>
 #include <ZyPrivateObject.h>
 #include <ZySharedPtr.h>
 
@@ -69,8 +70,10 @@ public:
     ZyXMLStreamWriter(ZyXMLStreamWriter const &) = delete;
     ZyXMLStreamWriter & operator=(ZyXMLStreamWriter const &) = delete;
     /**
-     * Closes the device, a borrowed one too. A document that has not been finished stays cut off where it
-     * was; a device that fails at this moment fails in silence.
+     * Closes the device, a borrowed one too; a device that fails at this moment fails in silence.
+     *
+     * \deliberate{abandoned-document-stays-cut-off} A document that has not been finished gets no end tags: a reader
+     * sees that it is not whole.
      */
     ~ZyXMLStreamWriter() override;
 
@@ -82,7 +85,12 @@ public:
      */
     void startDocument(ZyString const & version);
 
-    /** Opens an element that finishElement closes. */
+    /**
+     * Opens an element that finishElement() closes.
+     *
+     * \deliberate{elements-behind-the-end} Also behind finishDocument(), where it reaches no device: only attributes, texts
+     * and declarations are refused in the wrong place.
+     */
     void startElement(ZyString const & name);
     /** Opens an element and hands out its writer; destroying it closes the element. */
     std::unique_ptr<ZyXMLStreamElementWriter> createElement(ZyString const & name);

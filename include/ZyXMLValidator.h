@@ -2,6 +2,7 @@
 // Testing an XML file against an XML Schema.
 #pragma once
 
+#include <ZyExport.h>
 #include <ZyPrivateObject.h>
 
 class ZyString;

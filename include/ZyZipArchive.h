@@ -92,7 +92,7 @@ public:
      * closes. \a compression has no meaning in Read mode. A name that is there twice gives the first one. One
      * lookup is linear in the entries; after paths() it takes constant time.
      *
-     * \deliberate{any-open-error-is-zip-failure} For writing all codes of the zip library are told as one.
+     * \deliberate{any-open-error-is-zip-failure} For writing all codes of the zip library are told as one, "Zip failure".
      *
      * \throws ZyInvalidParameterException "Cannot open zip archive file: " errorMessage " in " path; for writing the
      * middle is always "Zip failure"

@@ -41,8 +41,11 @@ public:
     ZyZipArchive & archive();
     ZyZipArchive const & archive() const;
     /**
-     * The name of the entry that is current in the archive, which need not be this one; the null path unless
-     * this device is open for reading.
+     * The name of the entry that is current in the archive; the null path unless this device is open for
+     * reading.
+     *
+     * \deliberate{zip-path-is-that-of-the-archive} The archive is asked, and its current entry need not be this one.
+     *
      * \throws ZyNullPointerException cut off while open for reading: "ZyZipFile parent archive not set"
      */
     ZyFilePath path() const;
@@ -53,7 +56,7 @@ protected:
     void onClose() override;
     bool onOpen(ZyIODevice::Mode mode) override;
     ZyString onRead(unsigned int count) override;
-    unsigned int onWrite(ZyString const & data) override;
+    unsigned int onWrite(ZyString const & text) override;
 
 private:
     friend class ZyZipArchive;

@@ -212,6 +212,10 @@ void ZyOOXMLWriterSpreadsheet::fillCovered()
     }
 }
 
+/**
+ * \deliberate{rows-below-by-the-next-column} The rows that merges need below the last one are found by the square to the
+ * right of the last cell: a merge there gets them, one that ends in the last column does not.
+ */
 void ZyOOXMLWriterSpreadsheet::onClose()
 {
     checkAlive();

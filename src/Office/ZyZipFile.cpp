@@ -109,20 +109,20 @@ ZyString ZyZipFile::onRead(unsigned int count)
     return ZyString(std::move(text));
 }
 
-unsigned int ZyZipFile::onWrite(ZyString const & data)
+unsigned int ZyZipFile::onWrite(ZyString const & text)
 {
     if (d()->archive == nullptr) {
         throw ZyInvalidCallException("ZyZipFile cannot be written to as it is not the active file");
     }
     unsigned long long & room = archive().d()->entryRoom;
-    bool const fits = data.size() <= room;
+    bool const fits = text.size() <= room;
     int const result =
-        fits ? zipWriteInFileInZip(archive().internal().zip, data.c_str(), data.size()) : ZIP_ERRNO;
+        fits ? zipWriteInFileInZip(archive().internal().zip, text.c_str(), text.size()) : ZIP_ERRNO;
     if (result != ZIP_OK) {
         throw ZyInvalidCallException(ZyString("ZyZipFile write failed: ") + archive().errorMessage(result));
     }
-    room -= data.size();
-    return data.size();
+    room -= text.size();
+    return text.size();
 }
 
 void ZyZipFile::seek_read(unsigned int position)

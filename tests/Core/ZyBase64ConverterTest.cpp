@@ -343,7 +343,7 @@ TEST(ZyStringLongLongConverter, KeepsTheWholeRange)
     EXPECT_EQ(converter.convert(ZyString("-9223372036854775808")), LLONG_MIN);
 }
 
-TEST(ZyStringLongLongConverter, TextWithoutDigitsIsInvalid)
+TEST(ZyStringLongLongConverter, Deliberate_long_long_throws_standard_errors_without_digits)
 {
     ZyStringLongLongConverter const converter;
     for (char const * text : {"abc", "", "  ", "-", "+", "+-5", "-+5", "+ 5", "- 5", "--5", "++5",
@@ -353,7 +353,7 @@ TEST(ZyStringLongLongConverter, TextWithoutDigitsIsInvalid)
     }
 }
 
-TEST(ZyStringLongLongConverter, NumberBeyondTheRangeFails)
+TEST(ZyStringLongLongConverter, Deliberate_long_long_throws_standard_errors_beyond_the_range)
 {
     ZyStringLongLongConverter const converter;
     for (char const * text : {"9223372036854775808", "-9223372036854775809", "99999999999999999999999"}) {

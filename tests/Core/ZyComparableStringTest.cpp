@@ -193,7 +193,7 @@ TEST(ZyComparableString, TellsNumbersInAHostsText)
     EXPECT_FALSE(ZyStringView("").isDouble());
 }
 
-TEST(ZyComparableString, FollowsTheGlobalLocaleOfTheMoment)
+TEST(ZyComparableString, Deliberate_comparison_takes_the_locale_of_the_moment)
 {
     ZyString const one("a1");
     ZyString const two("A2");

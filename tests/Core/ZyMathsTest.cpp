@@ -171,7 +171,7 @@ TEST(ZyMathsRandom, DoubleWithTurnedBoundsLiesBetweenThem)
     EXPECT_EQ(ZyMaths::Random::Double(4.0, 4.0), 4.0);
 }
 
-TEST(ZyMathsRandom, ComplexDrawsTheImaginaryPartFirst)
+TEST(ZyMathsRandom, Deliberate_complex_draws_its_imaginary_part_first)
 {
     ZyRandom::Engine engine(1);
     EXPECT_EQ(ZyRandom::Complex(engine), std::complex<double>(0.93255736136816547, 0.99718480823026556));

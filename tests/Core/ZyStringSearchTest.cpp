@@ -230,7 +230,7 @@ TEST(ZyStringReplace, TakesItsOwnTextAsArgument)
     EXPECT_EQ(bytes(text), "x");
 }
 
-TEST(ZyStringReplace, InsertsUpToTheFirstNul)
+TEST(ZyStringReplace, Deliberate_replace_inserts_up_to_a_nul)
 {
     EXPECT_EQ(bytes(ZyString("a-b").replace("-", ZyString(std::string("x\0y", 3)), strict)), "axb");
 }
@@ -338,7 +338,7 @@ TEST(ZyStringIsLetter, KnowsTheAsciiLettersOnly)
                 ZyString::IsLetter('Z'));
 }
 
-TEST(ZyStringNewLine, IsTheSameOnEveryPlatform)
+TEST(ZyStringNewLine, Deliberate_new_line_is_the_same_everywhere)
 {
     EXPECT_EQ(bytes(ZyString::NewLine()), "\r\n");
 }

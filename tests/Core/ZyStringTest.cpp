@@ -171,7 +171,7 @@ TEST(ZyStringConversion, DecodesWideText)
 class ZyStringMalformed : public testing::TestWithParam<char const *>
 {};
 
-TEST_P(ZyStringMalformed, IsNoWideText)
+TEST_P(ZyStringMalformed, Deliberate_wide_text_throws_a_standard_error)
 {
     EXPECT_STD_THROW(ZyString(GetParam()).toWString(), std::range_error, "bad conversion");
 }

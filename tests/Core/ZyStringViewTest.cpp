@@ -62,7 +62,7 @@ TEST(ZyStringView, CutsALengthThatIsTooLarge)
     EXPECT_EQ(ZyStringView(text, 1, 4294967295u).toString().toStdString(), "bc");
 }
 
-TEST(ZyStringView, FindsTheLastCharacterOrTellsAllOnes)
+TEST(ZyStringView, Deliberate_view_tells_absence_by_a_number)
 {
     EXPECT_EQ(ZyStringView("a.b.c").findLastOf('.'), 3u);
     EXPECT_EQ(ZyStringView("abc").findLastOf('.'), 4294967295u);

@@ -586,7 +586,7 @@ TEST_F(ZyFileDeviceBoth, WriteGoesOnWhereTheReadEnded)
     EXPECT_EQ(scratch.read("file.txt"), "abXYef!");
 }
 
-TEST_F(ZyFileDeviceBoth, ExistingFileIsWrittenAtItsEnd)
+TEST_F(ZyFileDeviceBoth, Deliberate_read_write_appends)
 {
     scratch.write("file.txt", "abcdef");
     ZyFileDevice device(name.c_str());
@@ -671,7 +671,7 @@ TEST_F(ZyFileDeviceFailure, FullDiskWhileWritingSmallPieces)
     EXPECT_EXIT(child(), testing::ExitedWithCode(0), "");
 }
 
-TEST_F(ZyFileDeviceFailure, FullDiskAtCloseIsNotReported)
+TEST_F(ZyFileDeviceFailure, Deliberate_file_close_is_silent_on_a_full_disk)
 {
     auto const child = [&] {
         Restricted::limitFileSize(4);

@@ -192,7 +192,7 @@ TEST(ZyFilePath, WideTextReplacesBadBytesAndEndsAtANul)
     EXPECT_EQ(ZyFilePath(std::string("a\0b", 3)).toWString(), L"a");
 }
 
-TEST(ZyFilePath, UncheckedTextStaysAndIsTrimmedInWideText)
+TEST(ZyFilePath, Deliberate_wide_path_is_trimmed)
 {
     ZyFilePath const path = ZyFilePath::CreateUnchecked(" a//b/ ");
     EXPECT_EQ(text(path), " a//b/ ");
@@ -246,7 +246,7 @@ TEST(ZyFilePath, ThreeNamesGiveTheStoredText)
     EXPECT_EQ(ZyString("<" + path.path() + ">").toStdString(), "<a\\b>");
 }
 
-TEST(ZyFilePath, NullPathIsARelativeFileWithoutParts)
+TEST(ZyFilePath, Deliberate_null_path_is_a_file)
 {
     ZyFilePath const path;
     EXPECT_TRUE(path.isNull());

@@ -398,7 +398,7 @@ TEST_F(ZyFileSystemTest, WalkLeavesOutHiddenNamesBrokenLinksAndPipes)
     EXPECT_EQ(walked(true, true), std::vector<std::string>{"file"});
 }
 
-TEST_F(ZyFileSystemTest, WalkTellsNothingOfWhatIsNoDirectory)
+TEST_F(ZyFileSystemTest, Deliberate_walk_reports_no_failure)
 {
     scratch.write("file", "");
     for (char const * name : {"file", "missing", "missing/"}) {

@@ -207,6 +207,18 @@ TEST(ZyIODevice, ShortWriteIsToldAndNotThrown)
     EXPECT_EQ(device.lastError().toStdString(), "5 bytes were not written");
 }
 
+TEST(ZyIODevice, Deliberate_last_error_stays)
+{
+    Probe device;
+    device.open(ZyIODevice::Read);
+    device.open(ZyIODevice::Read);
+    device.close();
+    EXPECT_TRUE(device.open(ZyIODevice::Write));
+    EXPECT_EQ(device.write("abc"), 3u);
+    device.close();
+    EXPECT_EQ(device.lastError().toStdString(), "Device already open");
+}
+
 TEST(ZyIODevice, RemainderComesInPiecesOf128Bytes)
 {
     Probe device(std::string(300, 'x'));

@@ -210,7 +210,7 @@ TEST(ZyStringDevice, ReadsNulsLikeOtherBytes)
     EXPECT_EQ(device.readAll().toStdString(), text);
 }
 
-TEST(ZyStringDevice, SeeksAtMostToTheEndInAnyMode)
+TEST(ZyStringDevice, Deliberate_text_seeks_in_any_mode)
 {
     ZyStringDevice device("abc");
     device.seek_read(1000);

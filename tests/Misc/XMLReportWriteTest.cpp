@@ -264,7 +264,7 @@ TEST(XMLReportAscii, IsNotWrittenWhenTheOptionWasOffOrNeverSet)
     EXPECT_EQ(writtenElsewhere({}), sample);
 }
 
-TEST(XMLReportAscii, StaysAsItWasAtTheFirstWriteOfTheProcess)
+TEST(XMLReportAscii, Deliberate_option_is_read_once)
 {
     std::string const on = writtenElsewhere({QStringLiteral("on")});
     EXPECT_EQ(writtenElsewhere({QStringLiteral("on"), QStringLiteral("off")}), on);

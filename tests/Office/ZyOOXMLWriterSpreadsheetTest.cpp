@@ -276,7 +276,7 @@ TEST(ZyOOXMLWriterSpreadsheetLayout, OfAFirstCellOfTwoByTwoWithoutARow)
               "</sheetData><mergeCells count=\"1\"><mergeCell ref=\"1:A2\"/></mergeCells>");
 }
 
-TEST(ZyOOXMLWriterSpreadsheetLayout, AddsNoRowsForATallCellInTheLastColumn)
+TEST(ZyOOXMLWriterSpreadsheetLayout, Deliberate_rows_below_by_the_next_column)
 {
     TestSheet sheet;
     sheet->startRow();

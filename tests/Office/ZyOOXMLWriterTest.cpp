@@ -203,7 +203,7 @@ TEST_F(ZyOOXMLWriters, LetTheCallerCloseASheet)
     EXPECT_EQ(part("xl/worksheets/sheet1.xml"), sheetPart);
 }
 
-TEST_F(ZyOOXMLWriters, CloseOnce)
+TEST_F(ZyOOXMLWriters, Deliberate_package_closes_once)
 {
     auto workbook = create();
     workbook->addSheet("sheet1");
@@ -213,7 +213,7 @@ TEST_F(ZyOOXMLWriters, CloseOnce)
     EXPECT_EQ(names().size(), 5u);
 }
 
-TEST_F(ZyOOXMLWriters, CompleteTheFileOnlyWhenDestroyed)
+TEST_F(ZyOOXMLWriters, Deliberate_package_is_whole_when_the_writer_is_gone)
 {
     auto workbook = create();
     workbook->addSheet("sheet1");
@@ -223,7 +223,7 @@ TEST_F(ZyOOXMLWriters, CompleteTheFileOnlyWhenDestroyed)
     EXPECT_TRUE(isComplete());
 }
 
-TEST_F(ZyOOXMLWriters, DoNotListASheetAddedAfterClosing)
+TEST_F(ZyOOXMLWriters, Deliberate_sheet_behind_close_is_not_listed)
 {
     auto workbook = create();
     workbook->addSheet("a");
@@ -234,7 +234,7 @@ TEST_F(ZyOOXMLWriters, DoNotListASheetAddedAfterClosing)
     EXPECT_EQ(names().back(), "xl\\worksheets\\b.xml");
 }
 
-TEST_F(ZyOOXMLWriters, CannotBeClosedWithoutASheet)
+TEST_F(ZyOOXMLWriters, Deliberate_package_closes_once_also_when_it_fails)
 {
     auto workbook = create();
     EXPECT_ZY_THROW(workbook->close(), ZyFileSaveException,

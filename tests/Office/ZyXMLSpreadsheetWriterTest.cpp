@@ -193,7 +193,7 @@ TEST(ZyXMLSpreadsheetWriterSpans, MayBeAsLargeAsTheyCome)
               "ss:Type=\"String\">x</Data>");
 }
 
-TEST(ZyXMLSpreadsheetWriterKinds, ABooleanIsItsText)
+TEST(ZyXMLSpreadsheetWriterKinds, Deliberate_single_file_booleans_are_text)
 {
     EXPECT_EQ(oneCell(true), ">\n          <Data ss:Type=\"String\">true</Data>");
     EXPECT_EQ(oneCell(false), ">\n          <Data ss:Type=\"String\">false</Data>");

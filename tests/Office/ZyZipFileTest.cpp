@@ -7,6 +7,7 @@
 #include "ThrowsMessage.h"
 #include "ZipSupport.h"
 
+#include <minizip/unzip.h>
 #include <minizip/zip.h>
 
 #include <gtest/gtest.h>
@@ -263,6 +264,15 @@ TEST_F(ZyZipFileTest, TellsThePathOfTheCurrentEntry)
     Entry const entry = open(reader(), "sub/one");
     EXPECT_EQ(entry->path().path().toStdString(), "sub\\one");
     EXPECT_TRUE(open(writer())->path().isNull());
+}
+
+TEST_F(ZyZipFileTest, Deliberate_zip_path_is_that_of_the_archive)
+{
+    makeArchive("x.zip", {{"one", "1"}, {"two", "2"}});
+    ZyZipArchive & archive = reader();
+    Entry const entry = open(archive, "two");
+    ASSERT_EQ(unzGoToFirstFile(archive.internal().unzip), UNZ_OK);
+    EXPECT_EQ(entry->path().path().toStdString(), "one");
 }
 
 TEST_F(ZyZipFileTest, Deliberate_checksum_not_verified_on_read)

@@ -60,7 +60,7 @@ TEST(ZyProperties, AddKeepsTheOrderOfComing)
     EXPECT_EQ(properties.value("a").asInteger(), 4);
 }
 
-TEST(ZyProperties, AddReplacesTheSameNameInAnotherCase)
+TEST(ZyProperties, Deliberate_last_spelling_stays)
 {
     ZyProperties properties{ZyProperty("Gain", 1), ZyProperty("Unit", "dB")};
     ZyWeakPtr<ZyProperty> const before = properties.get("gain");

@@ -103,7 +103,7 @@ TEST(ZyCSVFileExtractLine, KeepsTheBlanksInsideQuotes)
     EXPECT_EQ(fieldsOf(" \" a \" ,b"), (Texts{" a ", "b"}));
 }
 
-TEST(ZyCSVFileExtractLine, LeavesQuotesInsideAFieldAsTheyAre)
+TEST(ZyCSVFileExtractLine, Deliberate_csv_doubled_quotes_stay)
 {
     EXPECT_EQ(fieldsOf("\"a\"\"b\""), (Texts{"a\"\"b"}));
     EXPECT_EQ(fieldsOf("a\"b,c\"d,e"), (Texts{"a\"b,c\"d", "e"}));

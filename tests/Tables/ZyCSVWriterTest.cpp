@@ -49,7 +49,7 @@ TEST(ZyCSVWriter, WritesValuesAndALineEnd)
     EXPECT_EQ(contentOf(device), "1,2\r\n");
 }
 
-TEST(ZyCSVWriter, EndsTheLineUnderWayWhenOneStarts)
+TEST(ZyCSVWriter, Deliberate_csv_start_line_ends_a_line)
 {
     ZyStringDevice device;
     ZyCSVWriter writer(device);

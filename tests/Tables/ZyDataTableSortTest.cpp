@@ -88,7 +88,7 @@ TEST(ZyDataTableSort, LeavesTheRowsOutsideTheRangeInPlace)
     EXPECT_EQ(columnOf(table, 0), "0 3 4 5 9 ");
 }
 
-TEST(ZyDataTableSort, SortsHeadingsWithTheOthers)
+TEST(ZyDataTableSort, Deliberate_headings_sort_with_the_others)
 {
     ZyDataTable table;
     table.addRow(Items{ZyVariant("z")}, ZyDataTable::Header);

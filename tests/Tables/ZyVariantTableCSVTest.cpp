@@ -270,7 +270,7 @@ TEST(ZyVariantTableLoadCSV, Deliberate_csv_two_readers)
     EXPECT_EQ(shown(ZyVariantTable(text.path().path(), true)), "s:\"a | s:b\" | s:c / i:7 | s:x | s:");
 }
 
-TEST(ZyVariantTableLoadCSV, LeavesTheDeviceOpenAtItsEnd)
+TEST(ZyVariantTableLoadCSV, Deliberate_loaded_device_stays_open_at_its_end)
 {
     ZyStringDevice device("1\n2\n");
     ZyVariantTable::LoadCSV(device, true);
@@ -278,7 +278,7 @@ TEST(ZyVariantTableLoadCSV, LeavesTheDeviceOpenAtItsEnd)
     EXPECT_TRUE(device.atEnd());
 }
 
-TEST(ZyVariantTableLoadCSV, LeavesTheDeviceOpenBehindALineThatFailed)
+TEST(ZyVariantTableLoadCSV, Deliberate_loaded_device_stays_open_behind_a_line_that_failed)
 {
     ByteDevice device("1\n2,\n3\n");
     EXPECT_ZY_THROW(ZyVariantTable::LoadCSV(device, true), ZyIndexOutOfBoundsException,

@@ -320,7 +320,7 @@ TEST(ZyDateTime, BearsFieldsBeyondTheCalendar)
     EXPECT_EQ(utc(1, 0, -5).year(), -5);
 }
 
-TEST(ZyDateTime, ComparesMoments)
+TEST(ZyDateTime, Deliberate_view_plays_no_part)
 {
     EXPECT_EQ(at(1).compare(at(1, ZyDateTime::Local)), 0);
     EXPECT_EQ(at(1).compare(at(2)), -1);

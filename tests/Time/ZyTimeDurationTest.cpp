@@ -189,7 +189,7 @@ TEST(ZyTimeDuration, TotalsTruncateTowardZero)
     EXPECT_EQ(negative.toHours().value, -1);
 }
 
-TEST(ZyTimeDuration, SumsAndDifferencesWrap)
+TEST(ZyTimeDuration, Deliberate_durations_wrap)
 {
     ZyTimeDuration const one(Nanoseconds{1});
     ZyTimeDuration const longest(ZyTimeDuration::MaxNanoseconds());

@@ -101,7 +101,7 @@ TEST(ZyActionGroup, GroupsHoldGroups)
     EXPECT_EQ(taken(record), "-4-3-2-1");
 }
 
-TEST(ZyActionGroup, AnExceptionLeavesTheGroupAtOnce)
+TEST(ZyActionGroup, Deliberate_group_stops_half_way)
 {
     std::string record;
     ZyActionGroup group;

@@ -169,7 +169,7 @@ TEST(ZyUndoManager, DestroysWhatItHolds)
     EXPECT_TRUE(record == "~a~b" || record == "~b~a") << record;
 }
 
-TEST(ZyUndoManager, AFailedUndoHasMovedItsAction)
+TEST(ZyUndoManager, Deliberate_action_moves_before_it_runs_also_into_a_failed_undo)
 {
     ZyUndoManager manager;
     manager.add(calling([](char what) {
@@ -183,7 +183,7 @@ TEST(ZyUndoManager, AFailedUndoHasMovedItsAction)
     EXPECT_EQ(sizes(manager), "1/0");
 }
 
-TEST(ZyUndoManager, AFailedRedoHasMovedItsAction)
+TEST(ZyUndoManager, Deliberate_action_moves_before_it_runs_also_into_a_failed_redo)
 {
     ZyUndoManager manager;
     manager.add(calling([](char what) {
@@ -207,7 +207,7 @@ TEST(ZyUndoManager, ANullActionThrowsAfterItHasMoved)
     EXPECT_EQ(sizes(manager), "1/0");
 }
 
-TEST(ZyUndoManager, TheActionHasMovedWhenItRuns)
+TEST(ZyUndoManager, Deliberate_action_moves_before_it_runs)
 {
     std::string seen;
     ZyUndoManager manager;

@@ -129,7 +129,7 @@ TEST(ZyXMLDomDocument, StartsWithTheDeclaration)
     EXPECT_EQ(printed(ZyXMLDomDocument()), declaration);
 }
 
-TEST(ZyXMLDomDocument, MakesARootOnce)
+TEST(ZyXMLDomDocument, Deliberate_asking_makes_a_root)
 {
     ZyXMLDomDocument document;
     ZyXMLDomElement root = document.root();

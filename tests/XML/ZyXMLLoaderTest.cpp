@@ -277,7 +277,7 @@ TEST_F(ZyXMLLoaders, WalkChildrenAfterText)
     EXPECT_THAT(loaded("<a>t<b/></a>"), ElementsAre("start a", "start b", "finish a/b", "finish a"));
 }
 
-TEST_F(ZyXMLLoaders, EndTheChildrenOfTheNearestRuleAboveAMisuse)
+TEST_F(ZyXMLLoaders, Deliberate_two_exceptions_end_the_children_a_misuse)
 {
     add("r");
     add("r/a");
@@ -289,7 +289,7 @@ TEST_F(ZyXMLLoaders, EndTheChildrenOfTheNearestRuleAboveAMisuse)
         ElementsAre("start r", "start a", "start b", "finish r/a", "start d", "finish r/d", "finish r"));
 }
 
-TEST_F(ZyXMLLoaders, EndTheChildrenOfTheNearestRuleAboveANullElement)
+TEST_F(ZyXMLLoaders, Deliberate_two_exceptions_end_the_children_a_null_element)
 {
     add("r/a");
     add("r/a/b", {}, [] { throw ZyNullXMLStreamElementException(); });

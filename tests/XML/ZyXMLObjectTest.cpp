@@ -291,7 +291,7 @@ TEST(ZyXMLObjectOfVariant, KeepsEveryBitOfADouble)
     }
 }
 
-TEST(ZyXMLObjectOfVariant, IsTrueForThatWordInAnyCase)
+TEST(ZyXMLObjectOfVariant, Deliberate_all_but_true_is_false)
 {
     EXPECT_EQ(
         loadValues<ZyVariant>("<v><Boolean>TRUE</Boolean></v><v><Boolean> True </Boolean></v>"

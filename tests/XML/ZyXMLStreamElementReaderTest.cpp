@@ -118,7 +118,7 @@ TEST(ZyXMLStreamElementReader, TrimsItsText)
     EXPECT_EQ(document.root->readText().toStdString(), "some text");
 }
 
-TEST(ZyXMLStreamElementReader, HasNoTextWhereWhiteSpaceComesFirst)
+TEST(ZyXMLStreamElementReader, Deliberate_blank_run_is_the_text)
 {
     Document document("<a>  <b/>x</a>");
     EXPECT_EQ(document.root->readText().toStdString(), "");

@@ -450,7 +450,7 @@ TEST(ZyXMLStreamWriter, KnowsTheCurrentElement)
     EXPECT_FALSE(writer.isCurrent(b.get()));
 }
 
-TEST(ZyXMLStreamWriter, LeavesAnAbandonedDocumentCutOffAndTheDeviceClosed)
+TEST(ZyXMLStreamWriter, Deliberate_abandoned_document_stays_cut_off)
 {
     ZyStringDevice device;
     std::unique_ptr<ZyXMLStreamElementWriter> a; // both outlive the document that is abandoned
@@ -488,6 +488,21 @@ TEST(ZyXMLStreamWriterFinishDocument, DoesNothingTheSecondTime)
     writer.finishDocument();
     EXPECT_EQ(device.text(), "<a/>\n");
     EXPECT_EQ(device.closed, 1);
+}
+
+TEST(ZyXMLStreamWriterFinishDocument, Deliberate_elements_behind_the_end)
+{
+    ZyStringDevice device;
+    {
+        ZyXMLStreamWriter writer(device);
+        writer.startElement("a");
+        writer.finishDocument();
+        writer.startElement("b");
+        std::unique_ptr<ZyXMLStreamElementWriter> const child = writer.createElement("c");
+        child->writeText("text");
+        EXPECT_TRUE(writer.isCurrent(child.get()));
+    }
+    EXPECT_EQ(device.content().toStdString(), "<a/>\n");
 }
 
 TEST(ZyXMLStreamWriterDevice, IsOpenedByTheConstructor)
