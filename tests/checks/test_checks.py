@@ -15,7 +15,7 @@ COMPILER = sys.argv[2]
 
 SOUND = {
     'include/ZyThing.h': '#pragma once\n\n/** A thing. */\nclass ZyThing\n{\npublic:\n    int size();\n};\n',
-    'include/ZyOther.h': '#pragma once\n#include <ZyThing.h>\n\n/** Another. \\deliberate{odd-size} so. */\n'
+    'include/ZyOther.h': '#pragma once\n#include <ZyThing.h>\n\n/** Another. \\deliberate{odd-size} Hosts count it. */\n'
                          'template <class T, class U = int>\nstruct ZyOther\n{\n    T t;\n    U u;\n};\n'
                          '\n/** A box. */\ntemplate <class T>\nstruct ZyBox\n{\n    T t;\n};\nusing ZyBoxInt = ZyBox<int>;\n',
     'src/Core/ZyThing.cpp': '#include <ZyThing.h>\nint ZyThing::size() { return 1; }\n',
@@ -31,6 +31,7 @@ class Checks(unittest.TestCase):
         for name, text in SOUND.items():
             self.write(name, text)
         self.run_check('check_umbrella', '--write')
+        self.run_check('check_deliberate', '--write')
 
     def tearDown(self):
         self.place.cleanup()
@@ -122,10 +123,42 @@ class Checks(unittest.TestCase):
         self.assertIn('no test is named Deliberate_odd_size', done.stdout)
         self.assertEqual(done.returncode, 1)
         self.write('tests/Core/ZyThingTest.cpp', SOUND['tests/Core/ZyThingTest.cpp'])
-        self.write('src/Core/ZyThing.cpp', '// \\deliberate{odd-size} again\n')
+        self.write('src/Core/ZyThing.cpp', '// \\deliberate{odd-size} again and again\n')
         self.finds('is marked at', 'check_deliberate')
-        self.write('src/Core/ZyThing.cpp', '// \\deliberate{Odd_size} badly spelled\n')
+        self.write('src/Core/ZyThing.cpp', '// \\deliberate{Odd_size} is badly spelled\n')
         self.finds('not in kebab case', 'check_deliberate')
+        self.write('src/Core/ZyThing.cpp', '// \\deliberate{odd-thing}\n')
+        self.finds('"odd-thing" is marked without a reason', 'check_deliberate')
+
+    def test_the_list_of_deliberate_oddities(self):
+        listed = (self.root / 'docs/oddities.md').read_text()
+        self.assertIn('## Strings, containers, values', listed)
+        self.assertIn('| `odd-size` | Hosts count it. | [`ZyOther`](../include/ZyOther.h) | '
+                      '[ZyOther](../tests/Core/ZyThingTest.cpp) |', listed)
+        self.change('include/ZyOther.h', 'Hosts count it.', 'Hosts ask for it.')
+        self.finds('docs/oddities.md does not match', 'check_deliberate')
+        self.passes('check_deliberate', '--write')
+        self.passes('check_deliberate')
+        (self.root / 'docs/oddities.md').unlink()
+        self.finds('docs/oddities.md does not match', 'check_deliberate')
+
+    def test_where_a_deliberate_oddity_is_listed(self):
+        for name, text in (
+            ('A::B::go', 'class A\n{\npublic:\n    struct B\n    {\n        /** @ */\n        void go(int = 1) const;\n    };\n};\n'),
+            ('A::Kind::One', 'class A\n{\n    enum Kind : int {\n        /** @ */\n        One = 1\n    };\n};\n'),
+            ('A::A', 'class ZYCORE_EXPORT A : public C\n{\n    /** @ */\n    explicit A(int a);\n};\n'),
+            ('A::operator==', 'class A\n{\n    int b() { return 1; }\n    /** @ */\n    bool operator==(A const &) const;\n};\n'),
+            ('A<int>', '/** @ */\ntemplate <>\nstruct ZYCORE_EXPORT A<int, void>\n{\n};\n'),
+            ('A::go', 'namespace\n{\n/**\n * @\n */\nint A::go(int a)\n{\n    return a;\n}\n}\n'),
+            ('A::go', 'int A::go()\n{\n    // @\n    if (a) {\n    }\n}\n'),
+            ('rows', '/* { */\n/**\n * @\n */\nconstexpr int rows[] = {1};\n'),
+        ):
+            with self.subTest(name + ' in ' + text):
+                self.write('src/Core/ZyThing.cpp', text.replace('@', '\\deliberate{odd-size} This is its reason.'))
+                self.write('include/ZyOther.h', '')
+                self.passes('check_deliberate', '--write')
+                self.assertIn(f' This is its reason. | [`{name}`](../src/Core/ZyThing.cpp)',
+                              (self.root / 'docs/oddities.md').read_text())
 
     def test_classes(self):
         self.change('include/ZyOther.h', '/** Another.', '/* Another.')
