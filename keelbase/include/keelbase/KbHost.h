@@ -7,8 +7,11 @@
 
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
+
+class ShellInterface;
 
 namespace kb
 {
@@ -55,7 +58,87 @@ KB_API void SetOption(char const * name, bool value);
 /** Takes all given values away again; the registrations stay. \threads any */
 KB_API void ClearOptions();
 
+/** A function of any type, to be cast to its own type before it is called. */
+using Function = void (*)();
+
+/**
+ * Fills every slot of a name, present and future, with a function of the host.
+ *
+ * \param name compared exactly
+ * \param function null: as WithdrawFunction() \threads any, but see RegisterDynFuncCall
+ */
+KB_API void OfferFunction(char const * name, Function function);
+
+/** Puts the stubs back into all slots of a name. \threads any, but see RegisterDynFuncCall */
+KB_API void WithdrawFunction(char const * name);
+
+/** The function that is offered under a name now; null: none. \threads any */
+KB_API Function OfferedFunction(char const * name);
+
+/** The slots that are registered now, in the order of their registration. \threads any */
+KB_API std::vector<Registration> Slots();
+
+/**
+ * Offers a command shell while it lives, and then what was offered before. They nest, and die in the opposite
+ * order.
+ *
+ * \threads any; one at a time
+ */
+class KB_API ScopedShell
+{
+public:
+    /** \param shell on loan; null: the host's function gives no shell */
+    explicit ScopedShell(ShellInterface * shell);
+    ScopedShell(ScopedShell const &) = delete;
+    ScopedShell & operator=(ScopedShell const &) = delete;
+    ~ScopedShell();
+
+private:
+    Function m_function;
+    ShellInterface * m_shell;
+};
+
+/** Receives output: the format as the caller gave it, and the text that came of it with its size. */
+using Sink = std::function<void(char const * format, char const * text, std::size_t size)>;
+
+/**
+ * Sends the output of zy_printf() elsewhere, for the whole process.
+ *
+ * \param sink called for each output, without a lock, from any thread; what it throws is dropped; empty: the
+ * standard output again, which is flushed each time \threads any
+ */
+KB_API void SetOutput(Sink sink);
+
+/**
+ * Keeps the output of zy_printf() while it lives; then it goes where it went before. They nest, and die in
+ * the opposite order.
+ *
+ * \threads any
+ */
+class KB_API OutputCapture
+{
+public:
+    OutputCapture();
+    OutputCapture(OutputCapture const &) = delete;
+    OutputCapture & operator=(OutputCapture const &) = delete;
+    ~OutputCapture();
+
+    /** All text since the start or the last clear(). */
+    std::string text() const;
+    /** The formats as they were given, in their order. */
+    std::vector<std::string> formats() const;
+    void clear();
+
+private:
+    struct Kept;
+    std::shared_ptr<Kept> m_kept;
+    std::shared_ptr<Sink const> m_before;
+};
+
 /** How often sp_ResetFpu() has been called in this process. \threads any */
 KB_API unsigned ResetFpuCount();
 
 } // namespace kb
+
+/** As kb::OfferFunction(), for hosts that find the support library at run time. */
+extern "C" KB_API void kb_offer_function(char const * name, void (*function)());

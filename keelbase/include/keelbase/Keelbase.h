@@ -4,6 +4,7 @@
 
 #include <keelbase/KbPrintf.h>
 #include <keelbase/KbRegistry.h>
+#include <keelbase/KbShell.h>
 #include <keelbase/KbSystem.h>
 #include <keelbase/KbText.h>
 #include <keelbase/KbTypes.h>
