@@ -84,13 +84,14 @@ def name_in(declaration):
 
 
 def scopes_at(code, position):
-    """What is open at a position, outermost first: (name, whether it is a class, structure or enumeration)."""
+    """What is open at a position, outermost first: (name, class, struct or enum or nothing of these)."""
     scopes, start = [], 0
     for edge in re.finditer(r'[{};]|(?:public|protected|private):', code[:position]):
         if edge.group() == '{':
             head = code[start:edge.start()]
             outside = re.match(r'\s*(?:namespace|extern)\b', head)
-            scopes.append(('', True) if outside else (name_in(head), bool(TYPE.search(head))))
+            kind = TYPE.search(head)
+            scopes.append(('', '') if outside else (name_in(head), kind.group().split()[0] if kind else ''))
         elif edge.group() == '}' and scopes:
             scopes.pop()
         start = edge.end()
@@ -98,11 +99,14 @@ def scopes_at(code, position):
 
 
 def where(code, position, end):
-    """What the comment that ends behind a position belongs to: what follows it, or the function that it stands in."""
+    """What a comment belongs to: what it stands beside, what follows it, or the function that it stands in."""
     scopes = scopes_at(code, position)
     names = [name for name, _ in scopes]
     if not scopes or scopes[-1][1]:
-        following = re.match(r'[^;{}]*', code[end:]).group()
+        beside = code[code.rfind('\n', 0, position) + 1:position].strip()
+        following = beside.rstrip(',;') or re.match(r'[^;{}]*', code[end:]).group()
+        if scopes and scopes[-1][1] == 'enum':
+            following = following.split(',')[0]
         names.append(name_in(following.split(')')[0] + ')' if '(' in following else following))
     return '::'.join(name for name in names if name)
 
@@ -111,13 +115,13 @@ def comment_of(text, position):
     """(lines of the comment from a position on, where it ends)"""
     begin = text.rfind('\n', 0, position) + 1
     if '//' in text[begin:position]:
-        lines, end = [], begin
-        for line in text[begin:].splitlines(keepends=True):
+        first, *others = text[position:].splitlines(keepends=True)
+        lines, end = [first.strip()], position + len(first)
+        for line in others:
             if not line.lstrip().startswith('//'):
                 break
-            lines.append(line.strip().removeprefix('//').strip())
+            lines.append(line.strip().lstrip('/').strip())
             end += len(line)
-        lines[0] = text[position:text.find('\n', position)]
         return lines, end
     end = text.find('*/', position)
     return [line.strip().removeprefix('*').strip() for line in text[position:end].splitlines()], end + 2
