@@ -14,6 +14,7 @@
 #include <ZyCSVWriter.h>
 #include <ZyCallbackManager.h>
 #include <ZyCaseSensitiveString.h>
+#include <ZyClipboard.h>
 #include <ZyColour.h>
 #include <ZyComparableString.h>
 #include <ZyConditionVariable.h>

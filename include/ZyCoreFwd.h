@@ -24,6 +24,7 @@ class ZyCSVFile;
 class ZyCSVWriter;
 class ZyCannotOpenFileException;
 class ZyCaseSensitiveString;
+class ZyClipboard;
 class ZyColour;
 class ZyComparableString;
 class ZyConditionVariableAbstract;

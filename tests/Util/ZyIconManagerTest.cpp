@@ -5,11 +5,11 @@
 #include <ZyIcon.h>
 #include <ZyIconManager.h>
 
+#include <CoreApplication.h>
 #include <GuiApplication.h>
 #include <ScratchDirectory.h>
 
 #include <QColor>
-#include <QCoreApplication>
 #include <QIcon>
 #include <QImage>
 #include <QPixmap>
@@ -139,10 +139,7 @@ TEST(ZyIconManager, LoadsWhatWasAskedForTooEarlyOnceThereIsADesktop)
     QIcon const & icon = ZyIconManager::Get(path);
     EXPECT_TRUE(icon.isNull()) << "no application";
     {
-        int count = 1;
-        char name[] = "test";
-        char * arguments[] = {name, nullptr};
-        QCoreApplication const application(count, arguments);
+        CoreApplication const application;
         EXPECT_TRUE(ZyIconManager::Get(path).isNull()) << "no desktop";
     }
     GuiApplication const application;
