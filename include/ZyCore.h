@@ -16,6 +16,7 @@
 #include <ZyCaseSensitiveString.h>
 #include <ZyClipboard.h>
 #include <ZyColour.h>
+#include <ZyCommandShell.h>
 #include <ZyComparableString.h>
 #include <ZyConditionVariable.h>
 #include <ZyContainer.h>

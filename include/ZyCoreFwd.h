@@ -26,6 +26,7 @@ class ZyCannotOpenFileException;
 class ZyCaseSensitiveString;
 class ZyClipboard;
 class ZyColour;
+class ZyCommandShell;
 class ZyComparableString;
 class ZyConditionVariableAbstract;
 class ZyDataTable;

@@ -4,6 +4,7 @@
 #include <ZyString.h>
 
 #include "Core/ZyMathsRandom_p.h"
+#include "Util/ZyCommandShell_p.h"
 #include "XML/ZyXMLNames_p.h"
 
 #include <keelbase/KbRegistry.h>
@@ -20,4 +21,8 @@ namespace
 
 // Read by sp_WriteElemRealValue(). Tag and line are those under which the suite knows the option.
 MakeOption const asciiReals("WriteXMLAsciiReals", "..\\src\\Misc\\XMLReport", 61);
+
+// Filled by the host, which knows this tag and line too.
+RegisterDynFuncCall const shellFunction(&ZyShellSlot::function, ZyShellSlot::name,
+                                        "..\\src\\Util\\ZyCommandShell", 23);
 } // namespace

@@ -23,3 +23,14 @@ TEST(ZyLoad, RegistersTheOptionOfReadableNumbers)
     EXPECT_FALSE(option->filled);
     EXPECT_EQ(options.size(), 1u);
 }
+
+TEST(ZyLoad, RegistersTheSlotOfTheShell)
+{
+    ASSERT_GE(ZyMaths::Random::Integer(0, 1), 0);
+    std::vector<kb::Registration> const slots = kb::Slots();
+    ASSERT_EQ(slots.size(), 1u);
+    EXPECT_EQ(slots[0].name, "widgets_GetShellInterface");
+    EXPECT_EQ(slots[0].tag, "..\\src\\Util\\ZyCommandShell");
+    EXPECT_EQ(slots[0].line, 23);
+    EXPECT_FALSE(slots[0].filled);
+}

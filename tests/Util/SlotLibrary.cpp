@@ -6,15 +6,15 @@ namespace
 {
 int stub()
 {
-    return -KBTEST_LINE;
+    return -ZYTEST_LINE;
 }
 
 int (*slot)() = stub;
 
-RegisterDynFuncCall const registration(&slot, "KbTestNumber", "..\\SlotLibrary", KBTEST_LINE);
+RegisterDynFuncCall const registration(&slot, "ZyTestNumber", "..\\SlotLibrary", ZYTEST_LINE);
 } // namespace
 
-extern "C" __attribute__((visibility("default"))) int kbtest_callSlot()
+extern "C" __attribute__((visibility("default"))) int zytest_callSlot()
 {
     return slot();
 }

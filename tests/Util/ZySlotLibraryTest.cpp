@@ -21,25 +21,36 @@ int eight()
     return 8;
 }
 
+std::vector<kb::Registration> slots()
+{
+    std::vector<kb::Registration> result;
+    for (kb::Registration const & slot : kb::Slots()) {
+        if (slot.name == "ZyTestNumber") {
+            result.push_back(slot);
+        }
+    }
+    return result;
+}
+
 void offer(int (*function)())
 {
-    kb::OfferFunction("KbTestNumber", reinterpret_cast<kb::Function>(function));
+    kb::OfferFunction("ZyTestNumber", reinterpret_cast<kb::Function>(function));
 }
 
 class SlotLibrary : public testing::Test
 {
 protected:
-    ~SlotLibrary() override { kb::WithdrawFunction("KbTestNumber"); }
+    ~SlotLibrary() override { kb::WithdrawFunction("ZyTestNumber"); }
 
     static int call(QLibrary & library)
     {
-        auto const function = reinterpret_cast<int (*)()>(library.resolve("kbtest_callSlot"));
+        auto const function = reinterpret_cast<int (*)()>(library.resolve("zytest_callSlot"));
         EXPECT_NE(function, nullptr) << library.errorString().toStdString();
         return function != nullptr ? function() : 0;
     }
 
-    QLibrary m_one{QString::fromUtf8(KBTEST_SLOT_One)};
-    QLibrary m_two{QString::fromUtf8(KBTEST_SLOT_Two)};
+    QLibrary m_one{QString::fromUtf8(ZYTEST_SLOT_One)};
+    QLibrary m_two{QString::fromUtf8(ZYTEST_SLOT_Two)};
 };
 } // namespace
 
@@ -47,15 +58,15 @@ TEST_F(SlotLibrary, SharesTheNameOfItsSlotWithAnother)
 {
     EXPECT_EQ(call(m_one), -1);
     EXPECT_EQ(call(m_two), -2);
-    std::vector<kb::Registration> const slots = kb::Slots();
-    ASSERT_EQ(slots.size(), 2u);
-    EXPECT_EQ(slots[0].tag, "..\\SlotLibrary");
-    EXPECT_EQ(slots[0].line, 1);
-    EXPECT_EQ(slots[1].line, 2);
+    std::vector<kb::Registration> const registered = slots();
+    ASSERT_EQ(registered.size(), 2u);
+    EXPECT_EQ(registered[0].tag, "..\\SlotLibrary");
+    EXPECT_EQ(registered[0].line, 1);
+    EXPECT_EQ(registered[1].line, 2);
     offer(seven);
     EXPECT_EQ(call(m_one), 7);
     EXPECT_EQ(call(m_two), 7);
-    kb::WithdrawFunction("KbTestNumber");
+    kb::WithdrawFunction("ZyTestNumber");
     EXPECT_EQ(call(m_one), -1);
     EXPECT_EQ(call(m_two), -2);
     m_one.unload();
@@ -66,7 +77,7 @@ TEST_F(SlotLibrary, FindsWhatWasOfferedBeforeItWasLoaded)
 {
     offer(seven);
     EXPECT_EQ(call(m_one), 7);
-    EXPECT_TRUE(kb::Slots().at(0).filled);
+    EXPECT_TRUE(slots().at(0).filled);
     m_one.unload();
 }
 
@@ -75,11 +86,11 @@ TEST_F(SlotLibrary, IsForgottenWhenItIsUnloaded)
     EXPECT_EQ(call(m_one), -1);
     EXPECT_EQ(call(m_two), -2);
     ASSERT_TRUE(m_one.unload());
-    EXPECT_EQ(kb::Slots().size(), 1u);
+    EXPECT_EQ(slots().size(), 1u);
     offer(eight); // and nothing is written to where the slot was
     EXPECT_EQ(call(m_two), 8);
     EXPECT_EQ(call(m_one), 8); // loaded again
     m_one.unload();
     m_two.unload();
-    EXPECT_TRUE(kb::Slots().empty());
+    EXPECT_TRUE(slots().empty());
 }
