@@ -69,6 +69,7 @@ public:
         Zip = 21, ///< .zip .ZIP
     };
 
+    /** That kind; the number is kept whatever it is. */
     ZyFileType(Type type);
     /** As ToType() tells. */
     ZyFileType(ZyFilePath const & path);
