@@ -3,6 +3,7 @@
 #include <ZyMaths.h>
 
 #include "Misc/ZyMathsGuard_p.h"
+#include "Platform/ArithmeticFaults.h"
 
 #include <ZyException.h>
 
@@ -10,6 +11,8 @@
 
 namespace
 {
+using ZyPlatform::judged;
+
 /** A NaN is in no range. */
 void checkUnitRange(double value)
 {
@@ -22,28 +25,28 @@ void checkUnitRange(double value)
 double ZyMaths::Trigonometry::ArcCosine(double const & x)
 {
     checkUnitRange(x); // outside of the guard, which would turn the exception into a plain one
-    return ZyMathsGuard::Run([&x] { return std::acos(x); });
+    return ZyMathsGuard::Run([&x] { return judged(std::acos(x), x); });
 }
 
 double ZyMaths::Trigonometry::ArcSine(double const & x)
 {
     checkUnitRange(x);
-    return ZyMathsGuard::Run([&x] { return std::asin(x); });
+    return ZyMathsGuard::Run([&x] { return judged(std::asin(x), x); });
 }
 
 double ZyMaths::Trigonometry::Cosecant(double const & x)
 {
-    return ZyMathsGuard::Run([&x] { return 1.0 / std::sin(x); });
+    return ZyMathsGuard::Run([&x] { return 1.0 / judged(std::sin(x), x); });
 }
 
 double ZyMaths::Trigonometry::Secant(double const & x)
 {
-    return ZyMathsGuard::Run([&x] { return 1.0 / std::cos(x); });
+    return ZyMathsGuard::Run([&x] { return 1.0 / judged(std::cos(x), x); });
 }
 
 double ZyMaths::Trigonometry::Cotangent(double const & x)
 {
-    return ZyMathsGuard::Run([&x] { return 1.0 / std::tan(x); });
+    return ZyMathsGuard::Run([&x] { return 1.0 / judged(std::tan(x), x); });
 }
 
 double ZyMaths::Trigonometry::DegToRad(double const & x)
@@ -58,27 +61,28 @@ double ZyMaths::Trigonometry::RadToDeg(double const & x)
 
 double ZyMaths::Hyperbolic::Cosh(double const & x)
 {
-    return ZyMathsGuard::Run([&x] { return std::cosh(x); });
+    return ZyMathsGuard::Run([&x] { return judged(std::cosh(x), x); });
 }
 
 double ZyMaths::Hyperbolic::Sinh(double const & x)
 {
-    return ZyMathsGuard::Run([&x] { return std::sinh(x); });
+    return ZyMathsGuard::Run([&x] { return judged(std::sinh(x), x); });
 }
 
 double ZyMaths::Power::Sqrt(double const & x)
 {
-    return ZyMathsGuard::Run([&x] { return std::sqrt(x); });
+    return ZyMathsGuard::Run([&x] { return judged(std::sqrt(x), x); });
 }
 
 double ZyMaths::Power::Pow(double const & base, double const & exponent)
 {
-    return ZyMathsGuard::Run([&base, &exponent] { return std::pow(base, exponent); });
+    return ZyMathsGuard::Run([&base, &exponent] { return judged(std::pow(base, exponent), base, exponent); });
 }
 
 double ZyMaths::Power::Pow(double const & base, int exponent)
 {
     return ZyMathsGuard::Run([&base, exponent] {
-        return exponent == 2 ? base * base : std::pow(base, static_cast<double>(exponent));
+        double const power = exponent;
+        return exponent == 2 ? base * base : judged(std::pow(base, power), base, power);
     });
 }

@@ -53,4 +53,19 @@ private:
     bool m_held;
 #endif
 };
+
+/**
+ * What a function of the C library gave for one or two arguments, with the flags raised that belong to it.
+ *
+ * Most libraries raise them by themselves. That of one compiler tells some failures by errno only, or by
+ * nothing, and sets errno also where nothing has failed: there the flags follow from result and arguments.
+ */
+#ifdef __MINGW32__
+double judged(double result, double first, double second = 1.0);
+#else
+inline double judged(double result, double, double = 1.0)
+{
+    return result;
+}
+#endif
 } // namespace ZyPlatform
