@@ -42,8 +42,9 @@ public:
     static bool call(Body && body, FaultInfo & fault)
     {
         using Plain = std::remove_reference_t<Body>;
-        static_assert(!std::is_function_v<Plain> && !std::is_const_v<Plain>, "a function object");
-        return run([](void * object) { (*static_cast<Plain *>(object))(); }, std::addressof(body), fault);
+        static_assert(!std::is_function_v<Plain>, "a function object, or a pointer to a function");
+        auto * const object = const_cast<std::remove_const_t<Plain> *>(std::addressof(body));
+        return run([](void * it) { (*static_cast<Plain *>(it))(); }, object, fault);
     }
 
 private:
