@@ -2,8 +2,8 @@
 // Code that the processor or the system objects to, one function a kind, which compilers leave as they are.
 #pragma once
 
-#include <cfenv>
 #include <csignal>
+#include <cstddef>
 
 #if defined(__SANITIZE_ADDRESS__)
 #define ZY_ADDRESS_SANITIZER 1
@@ -35,9 +35,9 @@
 
 // What is wrong here is meant.
 #if defined(__clang__)
-#define ZY_FAULTS __attribute__((noinline, optnone, no_sanitize("undefined", "address")))
+#define ZY_FAULTS __attribute__((noinline, optnone, no_sanitize("undefined", "address", "thread")))
 #elif defined(__GNUC__)
-#define ZY_FAULTS __attribute__((noinline, noclone, no_sanitize("undefined", "address")))
+#define ZY_FAULTS __attribute__((noinline, noclone, no_sanitize("undefined", "address", "thread")))
 #else
 #define ZY_FAULTS
 #endif
@@ -115,7 +115,7 @@ ZY_FAULTS inline int overflowStack(int depth)
 {
     char volatile frame[512];
     frame[0] = static_cast<char>(depth);
-    int volatile const end = -1; // not seen by the compiler, which objects to what never ends
+    int const volatile end = -1; // not seen by the compiler, which objects to what never ends
     return depth == end ? 0 : overflowStack(depth + 1) + frame[0];
 }
 } // namespace Faults
