@@ -40,6 +40,25 @@ KB_API void SetGuidSource(std::function<std::string()> source);
  */
 KB_API void SetStackAvail(std::function<std::size_t()> source);
 
+/** Keeps the configuration in memory, where it is at first. What was there before is there again. \threads
+ * any */
+KB_API void UseMemoryConfig();
+
+/**
+ * Keeps the configuration in a file, which need not exist yet. A directory for it is not made. Beside the
+ * file lies another one with ".lock" at its end, which stays.
+ *
+ * \param path UTF-8, with slashes of either kind; a relative one counts from the directory of the moment;
+ * null or empty: in memory \threads any; before others use the configuration
+ */
+KB_API void UseConfigFile(char const * path);
+
+/** Removes all sections, and what else is in the file. \threads any */
+KB_API void ClearConfig();
+
+/** Makes a section without keys, unless it is there. \threads any */
+KB_API void AddConfigSection(char const * section);
+
 /** Something that a library has registered. */
 struct Registration
 {

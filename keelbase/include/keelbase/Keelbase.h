@@ -2,6 +2,7 @@
 // The whole support library, but for the side that is for hosts and tests only (KbHost.h).
 #pragma once
 
+#include <keelbase/KbConfig.h>
 #include <keelbase/KbPrintf.h>
 #include <keelbase/KbRegistry.h>
 #include <keelbase/KbShell.h>
