@@ -7,6 +7,7 @@
 #include <ZyAbstractParallelProblem.h>
 #include <ZyAction.h>
 #include <ZyActionGroup.h>
+#include <ZyApplicationProperties.h>
 #include <ZyAsyncThread.h>
 #include <ZyBase64Converter.h>
 #include <ZyByteArray.h>

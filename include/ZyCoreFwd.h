@@ -14,6 +14,7 @@ struct XMLReportSensValue;
 class ZyAbstractParallelProblem;
 class ZyAction;
 class ZyActionGroup;
+class ZyApplicationProperties;
 class ZyAsyncThread;
 class ZyBadAllocException;
 class ZyBadVariantAccessException;
