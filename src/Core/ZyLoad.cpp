@@ -4,7 +4,7 @@
 #include <ZyString.h>
 
 #include "Core/ZyMathsRandom_p.h"
-#include "Util/ZyCommandShell_p.h"
+#include "Util/ZyShellSlot_p.h"
 #include "XML/ZyXMLNames_p.h"
 
 #include <keelbase/KbRegistry.h>

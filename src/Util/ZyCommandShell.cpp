@@ -6,7 +6,7 @@
 #include "Platform/FaultFence.h"
 #include "Platform/Module.h"
 #include "Platform/ThreadEnd.h"
-#include "Util/ZyCommandShell_p.h"
+#include "Util/ZyShellSlot_p.h"
 
 #include <TandobleException.h>
 #include <ZyString.h>
