@@ -32,43 +32,81 @@ void report(ZyPlatform::FaultInfo const & fault)
     report(ZyFault::Make(fault, ZyPlatform::moduleOf(fault.address)));
 }
 
-/** The handler of the shell in \a holder. \return false: there is no telling */
-bool askForHandler(MessageHandlerRef & holder)
+/**
+ * A command on its way, behind a fence. Both steps share one fence, as putting it up is most of what a
+ * command costs; where the first faults, the call is made again for the second.
+ */
+class Call
 {
-    bool isTold = false;
-    auto ask = [&] {
-        if (ShellInterface * const shell = ZyShellSlot::function()) {
-            shell->currentHandler(holder);
-            isTold = true;
-        }
-    };
-    try {
-        ZyPlatform::FaultInfo fault;
-        return ZyPlatform::FaultFence::call(ask, fault) && isTold;
-    } catch (ZyPlatform::ThreadEnd &) {
-        throw;
-    } catch (...) {
-        return false;
+public:
+    Call(char const * command, bool flag) : m_command(command)
+    {
+        m_options.flag = flag;
+        m_options.third = true;
     }
-}
+
+    void operator()()
+    {
+        if (m_step == AsksForHandler) {
+            askForHandler();
+            m_step = Executes;
+        }
+        if (ShellInterface * const shell = ZyShellSlot::function()) {
+            shell->execute(m_command, nullptr, m_options);
+        } else {
+            m_step = HasNoShell;
+        }
+    }
+
+    /** Whether it has come no further than the first step. */
+    bool asksForHandler() const { return m_step == AsksForHandler; }
+    bool hasNoShell() const { return m_step == HasNoShell; }
+
+    // \deliberate{output-of-shell-without-handler} Where the shell does not tell its handler, the command runs all the
+    // same and its output is lost.
+    void goOnWithoutHandler()
+    {
+        m_options.handler = std::make_shared<NullMessageHandler>();
+        m_step = Executes;
+    }
+
+private:
+    void askForHandler()
+    {
+        try {
+            if (ShellInterface * const shell = ZyShellSlot::function()) {
+                shell->currentHandler(m_options.handler);
+            } else {
+                goOnWithoutHandler();
+            }
+        } catch (ZyPlatform::ThreadEnd &) {
+            throw;
+        } catch (...) {
+            goOnWithoutHandler();
+        }
+    }
+
+    enum Step { AsksForHandler, Executes, HasNoShell };
+
+    char const * m_command;
+    CommandOptions m_options;
+    Step m_step = AsksForHandler;
+};
 
 /** Does not return where the command throws. A fault is reported here, as throwing it would need the heap. */
-void execute(char const * command, CommandOptions & options)
+void carryOut(Call & call)
 {
     ZyPlatform::FaultInfo fault;
-    bool isNull = false;
-    auto run = [&] {
-        ShellInterface * const shell = ZyShellSlot::function();
-        isNull = shell == nullptr;
-        if (!isNull) {
-            shell->execute(command, nullptr, options);
-        }
-    };
-    bool const isDone = ZyPlatform::FaultFence::call(run, fault);
-    if (isNull) {
+    bool isDone = ZyPlatform::FaultFence::call(call, fault);
+    if (!isDone && call.asksForHandler()) {
+        call.goOnWithoutHandler();
+        isDone = ZyPlatform::FaultFence::call(call, fault);
+    }
+    if (call.hasNoShell()) {
+        fault = ZyPlatform::FaultInfo();
         fault.code = 0xC0000005; // what a call through it would have come to
     }
-    if (isNull || !isDone) {
+    if (!isDone || call.hasNoShell()) {
         report(fault);
     }
 }
@@ -85,15 +123,8 @@ ShellFunction ZyShellSlot::function = missingFunction;
 void ZyCommandShell::RunCommand(ZyString const & command, bool flag)
 {
     try {
-        CommandOptions options;
-        // \deliberate{output-of-shell-without-handler} Where the shell does not tell its handler, the command runs all the
-        // same and its output is lost.
-        if (!askForHandler(options.handler)) {
-            options.handler = std::make_shared<NullMessageHandler>();
-        }
-        options.flag = flag;
-        options.third = true;
-        execute(command.c_str(), options);
+        Call call(command.c_str(), flag);
+        carryOut(call);
     } catch (ZyPlatform::ThreadEnd &) {
         throw;
     } catch (TandobleException const & fault) {

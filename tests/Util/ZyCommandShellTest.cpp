@@ -12,8 +12,13 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <cfenv>
+#include <cstdio>
+#include <cstdlib>
 #include <functional>
 #include <memory>
+#include <new>
 #include <regex>
 #include <stdexcept>
 #include <string>
@@ -64,6 +69,26 @@ struct Shell final : ShellInterface
     int reservedCalls = 0;
 };
 
+/** Faults, on any number of threads. */
+struct ThreadShell final : ShellInterface
+{
+    int execute(char const *, void *, CommandOptions &) override
+    {
+        Faults::callNull();
+        return 0;
+    }
+    void currentHandler(MessageHandlerRef &) override {}
+};
+
+/** What is taken from the heap by the library. */
+struct Allocations
+{
+    std::atomic<bool> isCounting = false;
+    std::atomic<int> count = 0;
+};
+
+Allocations allocations;
+
 struct Handler : MessageHandler
 {
     void message(YString const &) override {}
@@ -91,6 +116,31 @@ protected:
     kb::OutputCapture m_output;
 };
 } // namespace
+
+#if !ZY_ADDRESS_SANITIZER && !ZY_THREAD_SANITIZER
+
+void * operator new(std::size_t size)
+{
+    if (allocations.isCounting) {
+        ++allocations.count;
+    }
+    if (void * const memory = std::malloc(size != 0 ? size : 1)) {
+        return memory;
+    }
+    throw std::bad_alloc();
+}
+
+void operator delete(void * memory) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete(void * memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+
+#endif
 
 TEST(ZyCommandShell, PrintsThatThereIsNoHostAndReturns)
 {
@@ -208,6 +258,117 @@ TEST_F(ZyCommandShellTest, PrintsAnAccessViolation)
         text, std::regex("An access violation occurred at [0-9a-f]+ in zytests_util[^ ]* base [0-9a-f]+\n")))
         << text;
     EXPECT_EQ(run([] { Faults::callNull(); }), "An access violation occurred at 0 in unknown base 0\n");
+}
+
+TEST_F(ZyCommandShellTest, PrintsEveryKindOfFaultInItsWords)
+{
+    struct Kind
+    {
+        char const * words;
+        void (*raise)();
+    };
+    constexpr char const * where = " occurred at [0-9a-f]+ in zytests_util[^ ]* base [0-9a-f]+\n";
+    for (Kind const & kind : {Kind{"An access violation", [] { Faults::writeToNull(); }},
+                              Kind{"An access violation", [] { Faults::readFromNowhere(); }},
+                              Kind{"An access violation", [] { Faults::writeToCode(); }},
+                              Kind{"An integer divide by zero exception", [] { Faults::divideByZero(); }},
+                              Kind{"An unexpected exception", [] { Faults::illegalInstruction(); }}}) {
+        unsigned const resets = kb::ResetFpuCount();
+        std::string const text = run(kind.raise);
+        EXPECT_TRUE(std::regex_match(text, std::regex(kind.words + std::string(where)))) << text;
+        EXPECT_EQ(kb::ResetFpuCount(), resets);
+    }
+}
+
+TEST_F(ZyCommandShellTest, SurvivesAStackThatOverflows)
+{
+    if (ZY_THREAD_SANITIZER) {
+        GTEST_SKIP() << "the sanitizer's own list of frames overflows before";
+    }
+    std::string const text = run([] { Faults::overflowStack(0); });
+    EXPECT_EQ(text.rfind("An unexpected exception occurred at ", 0), 0u) << text;
+}
+
+#if ZY_TRAPS_ARITHMETIC
+
+TEST_F(ZyCommandShellTest, PrintsTrapsOfArithmeticByNameAndResetsTheUnit)
+{
+    struct Trap
+    {
+        char const * words;
+        int exception;
+        double left;
+        char operation;
+        double right;
+    };
+    for (Trap const & trap : {Trap{"divide by zero", FE_DIVBYZERO, 1.0, '/', 0.0},
+                              Trap{"invalid operation", FE_INVALID, 0.0, '/', 0.0},
+                              Trap{"overflow", FE_OVERFLOW, 1e300, '*', 1e300},
+                              Trap{"underflow", FE_UNDERFLOW, 1e-300, '*', 1e-300}}) {
+        feenableexcept(FE_INVALID); // the working state of the host
+        unsigned const resets = kb::ResetFpuCount();
+        std::string const text = run([&trap] {
+            std::feclearexcept(FE_ALL_EXCEPT);
+            feenableexcept(trap.exception);
+            Faults::calculate(trap.left, trap.operation, trap.right);
+        });
+        EXPECT_EQ(text.rfind(std::string("A floating point exception (") + trap.words + ") occurred at ", 0),
+                  0u)
+            << text;
+        EXPECT_EQ(kb::ResetFpuCount() - resets, 1u);
+        EXPECT_EQ(fegetexcept(), 0);
+    }
+}
+
+#endif
+
+TEST_F(ZyCommandShellTest, SurvivesTenThousandFaultsOnFourThreads)
+{
+    constexpr int times = 2500;
+    std::atomic<int> told = 0;
+    kb::SetOutput([&told](char const *, char const * text, std::size_t) {
+        told += std::string(text) == "An access violation occurred at 0 in unknown base 0\n" ? 1 : 0;
+    });
+    ThreadShell shell;
+    kb::ScopedShell const scoped(&shell);
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i) {
+        threads.emplace_back([] {
+            for (int k = 0; k < times; ++k) {
+                ZyCommandShell::RunCommand("command", false);
+            }
+        });
+    }
+    for (std::thread & thread : threads) {
+        thread.join();
+    }
+    kb::SetOutput({});
+    EXPECT_EQ(told, 4 * times);
+}
+
+TEST_F(ZyCommandShellTest, TakesNothingFromTheHeapForAFault)
+{
+    // The fault may have struck while the heap was locked.
+    kb::SetOutput([](char const *, char const *, std::size_t) { allocations.isCounting = false; });
+    m_shell.onExecute = [] {
+        allocations.count = 0;
+        allocations.isCounting = true;
+        Faults::writeToNull();
+    };
+    ZyCommandShell::RunCommand("command", false);
+    kb::SetOutput({});
+    EXPECT_FALSE(allocations.isCounting);
+    EXPECT_EQ(allocations.count, 0);
+}
+
+TEST_F(ZyCommandShellTest, IsReadyAgainAfterEveryFailure)
+{
+    for (int i = 0; i < 100; ++i) {
+        run([] { Faults::callNull(); });
+        run([] { throw 1; });
+        EXPECT_EQ(run([] {}), "");
+    }
+    EXPECT_EQ(m_shell.commands.size(), 300u);
 }
 
 TEST_F(ZyCommandShellTest, RunsCommandsWithinCommands)
