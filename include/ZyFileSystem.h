@@ -77,6 +77,27 @@ public:
      */
     static void ForEachFile(ZyFilePath const & path, bool recursive, bool followLinks,
                             std::function<void(ZyFilePath &&)> visit);
+
+    /**
+     * Shows a directory in the file manager of the desktop: the path itself when it ends with a separator,
+     * else what stands in front of its last segment. A desktop that cannot do it goes unnoticed.
+     *
+     * \threads the thread of the user interface
+     */
+    static void OpenDirectory(ZyFilePath const & path);
+    /**
+     * Hands a file to the host, as the command of its kind (ZyFileType) with the stored text of the path.
+     * Nothing happens, and nothing is told, when there is no such file, it is a directory, or its kind has no
+     * command; neither when the host fails (ZyCommandShell::RunCommand).
+     *
+     * \deliberate{apostrophes-in-braces-only} Schematics, components and symbol libraries are named between braces and
+     * apostrophes, of which those in the path are doubled; all others between double quotes as they are, for
+     * the host reads them so. A path with a double quote, a line break or a NUL would end its argument, and
+     * is not handed on.
+     *
+     * \threads as ZyCommandShell::RunCommand
+     */
+    static void OpenFile(ZyFilePath const & path);
 };
 
 #pragma pop_macro("CreateDirectory")
