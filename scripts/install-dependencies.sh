@@ -30,6 +30,8 @@ if [ "$purpose" != demo ]; then
     packages+=(libgtest-dev libgmock-dev clang pkg-config)
     # Programs that read back what the library has written: XML, zip, workbooks and pictures of them.
     packages+=(libxml2-utils unzip python3 python3-openpyxl libreoffice-calc fonts-liberation2 poppler-utils)
+    # A screen for the tests of the host with a window.
+    packages+=(xvfb xauth)
     # Other languages and other clocks.
     packages+=(locales tzdata)
     locales+=(tr_TR de_DE)

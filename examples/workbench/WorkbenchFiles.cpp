@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// Opening, saving, exporting.
+
+#include "FileDialogs.h"
+#include "TableFile.h"
+#include "TableView.h"
+#include "Workbench.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+bool Workbench::openFile(QString const & file)
+{
+    if (!mayDiscard() || !attempt([&file](Document & document) { document.open(file); })) {
+        return false;
+    }
+    m_view->fitColumns();
+    m_view->goTo(0, 0);
+    tell(QStringLiteral("Opened %1").arg(file));
+    return true;
+}
+
+void Workbench::newTable()
+{
+    if (mayDiscard()) {
+        m_document.reset();
+        m_view->goTo(0, 0);
+    }
+}
+
+void Workbench::askToOpen(ZyFileType const & kind)
+{
+    QString const file = askForFileToOpen(this, QFileInfo(suggestion(QString())).path(), kind);
+    if (!file.isEmpty()) {
+        openFile(file);
+    }
+}
+
+bool Workbench::save()
+{
+    if (!m_document.canSave()) {
+        return saveAs();
+    }
+    QString const file = m_document.file();
+    bool const saved = attempt([&file](Document & document) { document.save(file); });
+    if (saved) {
+        tell(QStringLiteral("Saved %1").arg(file));
+    }
+    return saved;
+}
+
+bool Workbench::saveAs()
+{
+    bool const isRich = formOf(m_document.file()) == FileForm::DataTable;
+    QString const file =
+        askForFileToSave(this, suggestion(isRich ? QStringLiteral(".zyt.xml") : QStringLiteral(".csv")));
+    bool const saved = !file.isEmpty() && attempt([&file](Document & document) { document.save(file); });
+    if (saved) {
+        tell(QStringLiteral("Saved %1").arg(file));
+    }
+    return saved;
+}
+
+// The cells of the copy never change: editing puts others into their places.
+void Workbench::exportTo(QString const & file)
+{
+    if (!file.isEmpty()) {
+        attempt([this, &file](Document & document) {
+            m_exporter.start(tableOf(document.model().table()), file);
+            tell(QStringLiteral("Exporting %1").arg(file));
+        });
+    }
+}
+
+void Workbench::exportEnded(QString const & file, QString const & failure)
+{
+    if (failure.isEmpty()) {
+        tell(QStringLiteral("Exported %1").arg(file));
+    } else {
+        fail(QStringLiteral("Not exported: ") + failure);
+    }
+    if (m_closeWhenExported && !m_exporter.isBusy()) {
+        close();
+    }
+}
+
+// The name of the file with another extension, or the folder where a user begins.
+QString Workbench::suggestion(QString const & extension) const
+{
+    if (m_document.file().isEmpty()) {
+        return QDir::homePath();
+    }
+    QFileInfo const info(m_document.file());
+    return info.path() + u'/' + info.baseName() + extension;
+}
