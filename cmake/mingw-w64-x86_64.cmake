@@ -16,9 +16,6 @@ find_program(CMAKE_RANLIB ${zycore_triple}-gcc-ranlib-posix)
 if(NOT ZYCORE_MINGW_PREFIX)
   set(ZYCORE_MINGW_PREFIX "$ENV{ZYCORE_MINGW_PREFIX}")
 endif()
-if(NOT EXISTS "${ZYCORE_MINGW_PREFIX}/lib/cmake/Qt5Core")
-  message(FATAL_ERROR "ZYCORE_MINGW_PREFIX does not name a prefix with Qt for Windows: \"${ZYCORE_MINGW_PREFIX}\"")
-endif()
 set(ZYCORE_MINGW_PREFIX "${ZYCORE_MINGW_PREFIX}" CACHE PATH "Prefix with Qt, zlib and minizip for Windows")
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES ZYCORE_MINGW_PREFIX)
 
@@ -31,5 +28,9 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 set(ENV{PKG_CONFIG_LIBDIR} "${ZYCORE_MINGW_PREFIX}/lib/pkgconfig:/usr/${zycore_triple}/lib/pkgconfig")
 set(ENV{PKG_CONFIG_PATH} "")
 
-# Programs of the target, tests above all, run through the wrapper, which lets them find the libraries of the prefix.
-set(CMAKE_CROSSCOMPILING_EMULATOR "${ZYCORE_MINGW_PREFIX}/bin/wine-run" CACHE FILEPATH "Runs programs of the target")
+# Programs of the target, tests above all, run under Wine.
+set(zycore_wine_run ${CMAKE_CURRENT_LIST_DIR}/../tools/windows/wine-run)
+if(ZYCORE_MINGW_PREFIX)
+  list(APPEND zycore_wine_run --libraries ${ZYCORE_MINGW_PREFIX}/bin)
+endif()
+set(CMAKE_CROSSCOMPILING_EMULATOR "${zycore_wine_run}" CACHE STRING "Runs programs of the target")

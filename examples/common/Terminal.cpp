@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The terminal and the signals; the only source here that knows of systems.
+// The bar of progress and the signals; what only systems know is in a source of its own for each.
 
 #include "Terminal.h"
 
@@ -8,12 +8,6 @@
 #include <cmath>
 #include <csignal>
 #include <cstdio>
-
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
 
 namespace
 {
@@ -26,15 +20,6 @@ extern "C" void noteInterruption(int)
 }
 
 } // namespace
-
-bool errorsGoToTerminal()
-{
-#ifdef _WIN32
-    return _isatty(_fileno(stderr)) != 0;
-#else
-    return isatty(fileno(stderr)) != 0;
-#endif
-}
 
 void ProgressBar::begin(QString const & step, unsigned long long total, QString const & parts)
 {
@@ -114,24 +99,4 @@ void Interruption::check()
     if (noticed()) {
         throw ZyUserCancelledException();
     }
-}
-
-void makeWritesFailGently()
-{
-#ifdef SIGXFSZ
-    std::signal(SIGXFSZ, SIG_IGN);
-#endif
-}
-
-ScreenlessPainting::ScreenlessPainting()
-{
-#ifndef _WIN32
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
-        m_runtime = std::make_unique<QTemporaryDir>();
-        qputenv("XDG_RUNTIME_DIR", m_runtime->path().toUtf8());
-    }
-#endif
 }

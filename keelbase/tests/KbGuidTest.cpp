@@ -11,9 +11,6 @@
 #include <thread>
 #include <vector>
 
-#include <sys/wait.h>
-#include <unistd.h>
-
 namespace
 {
 
@@ -69,29 +66,6 @@ TEST_F(SpGetGuid, GivesNoneTwiceInAMillionFromFourThreads)
     std::sort(all.begin(), all.end());
     EXPECT_EQ(std::adjacent_find(all.begin(), all.end()), all.end());
     EXPECT_EQ(all.size(), 1000000u);
-}
-
-TEST_F(SpGetGuid, DiffersInAChildProcess)
-{
-    static_cast<void>(sp_GetGUID());
-    int ends[2];
-    ASSERT_EQ(::pipe(ends), 0);
-    pid_t const child = ::fork();
-    ASSERT_NE(child, -1);
-    if (child == 0) {
-        YString const guid = sp_GetGUID();
-        bool const written = ::write(ends[1], guid.c_str(), 36) == 36;
-        ::_exit(written ? 0 : 1);
-    }
-    YString const mine = sp_GetGUID();
-    std::string theirs(36, '\0');
-    EXPECT_EQ(::read(ends[0], theirs.data(), theirs.size()), 36);
-    int status = -1;
-    EXPECT_EQ(::waitpid(child, &status, 0), child);
-    EXPECT_EQ(status, 0);
-    ::close(ends[0]);
-    ::close(ends[1]);
-    EXPECT_NE(theirs, mine.c_str());
 }
 
 TEST_F(SpGetGuid, TakesWhatTheHostGives)

@@ -6,8 +6,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
+#include <regex>
 #include <set>
 #include <string>
 #include <thread>
@@ -17,32 +17,6 @@ namespace
 {
 
 namespace fs = std::filesystem;
-
-/** Sets TMPDIR and puts it back. */
-class ScopedTmpdir
-{
-public:
-    explicit ScopedTmpdir(std::string const & value)
-    {
-        if (char const * before = std::getenv("TMPDIR")) {
-            m_before = before;
-        }
-        setenv("TMPDIR", value.c_str(), 1);
-    }
-    ~ScopedTmpdir()
-    {
-        if (m_before.empty()) {
-            unsetenv("TMPDIR");
-        } else {
-            setenv("TMPDIR", m_before.c_str(), 1);
-        }
-    }
-    ScopedTmpdir(ScopedTmpdir const &) = delete;
-    ScopedTmpdir & operator=(ScopedTmpdir const &) = delete;
-
-private:
-    std::string m_before;
-};
 
 /** Every test leaves the process with the system's temporary directory. */
 class SpGetTempFile : public testing::Test
@@ -56,28 +30,17 @@ protected:
 TEST_F(SpGetTempFile, NamesAFileInTheTemporaryDirectoryAndCreatesNothing)
 {
     std::string const path = sp_GetTempFile().c_str();
-    EXPECT_TRUE(fs::equivalent(fs::path(path).parent_path(), fs::temp_directory_path())) << path;
+    EXPECT_TRUE(fs::equivalent(fs::path(path).parent_path(), (fs::temp_directory_path() / "").parent_path()))
+        << path;
     EXPECT_FALSE(fs::exists(path));
-}
-
-TEST_F(SpGetTempFile, FollowsTheEnvironment)
-{
-    ScopedTmpdir const tmpdir("/usr");
-    EXPECT_THAT(sp_GetTempFile().c_str(), testing::MatchesRegex("/usr/zy_[0-9a-f]+\\.tmp"));
-}
-
-TEST_F(SpGetTempFile, FallsBackWhenTheEnvironmentNamesNoDirectory)
-{
-    ScopedTmpdir const tmpdir("/no/such/directory");
-    EXPECT_THAT(sp_GetTempFile().c_str(), testing::MatchesRegex("/tmp/zy_[0-9a-f]+\\.tmp"));
 }
 
 TEST_F(SpGetTempFile, UsesTheChosenDirectory)
 {
     kb::SetTempDirectory("/some/where");
-    EXPECT_THAT(sp_GetTempFile().c_str(), testing::MatchesRegex("/some/where/zy_[0-9a-f]+\\.tmp"));
+    EXPECT_TRUE(std::regex_match(sp_GetTempFile().c_str(), std::regex("/some/where/zy_[0-9a-f]+\\.tmp")));
     kb::SetTempDirectory("/some/where/");
-    EXPECT_THAT(sp_GetTempFile().c_str(), testing::MatchesRegex("/some/where/zy_[0-9a-f]+\\.tmp"));
+    EXPECT_TRUE(std::regex_match(sp_GetTempFile().c_str(), std::regex("/some/where/zy_[0-9a-f]+\\.tmp")));
 }
 
 TEST_F(SpGetTempFile, GoesBackToTheSystemsDirectory)

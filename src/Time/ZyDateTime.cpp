@@ -5,6 +5,7 @@
 #include "Platform/Calendar.h"
 
 #include <cstdint>
+#include <cstdio>
 #include <ctime>
 
 class ZyDateTime::Private : public ZyPrivateObject
@@ -170,12 +171,15 @@ ZyString ZyDateTime::toString() const
     if (!d()->hasFields()) {
         return "error";
     }
-    // All numbers, which no locale changes; %F and %T are not known everywhere.
+    // All numbers, which no locale changes; not every C library writes all years.
+    std::tm const & fields = d()->fields;
     char text[64];
-    std::size_t const size = d()->representation == Local
-                                 ? std::strftime(text, sizeof(text), "%Y-%m-%dT%H:%M:%S%Z", &d()->fields)
-                                 : std::strftime(text, sizeof(text), "%Y-%m-%dT%H:%M:%SZ", &d()->fields);
-    return std::string(text, size);
+    int const head = std::snprintf(text, sizeof(text), "%lld-%02d-%02dT%02d:%02d:", fields.tm_year + 1900LL,
+                                   fields.tm_mon + 1, fields.tm_mday, fields.tm_hour, fields.tm_min);
+    auto const used = static_cast<std::size_t>(head);
+    std::size_t const size = std::strftime(text + used, sizeof(text) - used,
+                                           d()->representation == Local ? "%S%Z" : "%SZ", &fields);
+    return size > 0 ? std::string(text, used + size) : std::string();
 }
 
 ZyDateTime::operator ZyString() const

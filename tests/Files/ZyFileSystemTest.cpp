@@ -2,6 +2,7 @@
 // The operations on the disk: results, failures, links, names of any bytes, and the walk through a directory.
 #include <ZyFileSystem.h>
 
+#include "Environment.h"
 #include "Restricted.h"
 #include "ScratchDirectory.h"
 #include "ThrowsMessage.h"
@@ -20,8 +21,6 @@
 #include <string>
 #include <type_traits>
 #include <vector>
-
-#include <sys/stat.h>
 
 // A name that the home platform's headers define as a macro is a plain name here.
 #define CreateDirectory CreateDirectoryW
@@ -316,18 +315,18 @@ TEST_F(ZyFileSystemTest, TemporaryDirectoryIsADirectory)
 TEST_F(ZyFileSystemTest, TemporaryDirectoryFollowsTheEnvironment)
 {
     {
-        Variable const variable("TMPDIR", scratch.path().c_str());
+        Variable const variable(Environment::temporary, scratch.path().u8string().c_str());
         EXPECT_EQ(ZyFileSystem::TempDirectory(), in(""));
     }
     {
-        Variable const variable("TMPDIR", (scratch / "").c_str());
+        Variable const variable(Environment::temporary, (scratch / "").c_str());
         EXPECT_EQ(ZyFileSystem::TempDirectory(), in(""));
     }
     {
-        Variable const variable("TMPDIR", (scratch / "missing").c_str());
+        Variable const variable(Environment::temporary, (scratch / "missing").c_str());
         EXPECT_THROW(ZyFileSystem::TempDirectory(), ZyFileException);
     }
-    Variable const variable("TMPDIR", "");
+    Variable const variable(Environment::temporary, "");
     EXPECT_THROW(ZyFileSystem::TempDirectory(), ZyFileException);
 }
 
@@ -393,7 +392,7 @@ TEST_F(ZyFileSystemTest, WalkLeavesOutHiddenNamesBrokenLinksAndPipes)
     scratch.write(".hidden/file", "");
     scratch.write(".dot", "");
     fs::create_symlink("missing", scratch.path() / "broken");
-    ASSERT_EQ(::mkfifo((scratch / "pipe").c_str(), 0600), 0);
+    ASSERT_TRUE(Environment::makePipe(scratch / "pipe"));
     scratch.write("file", "");
     EXPECT_EQ(walked(true, true), std::vector<std::string>{"file"});
 }

@@ -2,6 +2,7 @@
 // Files that arrive whole or not at all.
 #include <ZyFileWriter.h>
 
+#include "Environment.h"
 #include "Restricted.h"
 #include "ScratchDirectory.h"
 #include "ThrowsMessage.h"
@@ -20,8 +21,6 @@
 #include <iterator>
 #include <string>
 #include <type_traits>
-
-#include <sys/stat.h>
 
 static_assert(std::has_virtual_destructor_v<ZyFileWriter>);
 static_assert(sizeof(ZyFileWriter) == 2 * sizeof(void *));
@@ -178,7 +177,7 @@ TEST_F(ZyFileWriterTest, Deliberate_file_writer_cuts_at_nul)
 
 TEST_F(ZyFileWriterTest, TakesBackslashesAndOtherLetters)
 {
-    fs::create_directory(scratch / "sub \xc3\xa4");
+    fs::create_directory(fs::u8path(scratch / "sub \xc3\xa4"));
     ZyFileWriter writer(text(scratch.path().string() + "\\sub \xc3\xa4\\\xe2\x82\xac.txt"));
     writer.open();
     writer.write("x");
@@ -334,7 +333,7 @@ TEST_F(ZyFileWriterTest, ReplacesTheFileBehindASymbolicLink)
 
 TEST_F(ZyFileWriterTest, ThrowsOnOpeningWhatIsNoRegularFile)
 {
-    ASSERT_EQ(::mkfifo(target.c_str(), 0600), 0);
+    ASSERT_TRUE(Environment::makePipe(target));
     fs::create_symlink(target, scratch / "link");
     for (std::string const & path : {target, scratch / "link"}) {
         ZyFileWriter writer{text(path)};

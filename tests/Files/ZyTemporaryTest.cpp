@@ -3,6 +3,7 @@
 #include <ZyTemporaryDir.h>
 #include <ZyTemporaryFile.h>
 
+#include "Environment.h"
 #include "Restricted.h"
 #include "ScratchDirectory.h"
 #include "ThrowsMessage.h"
@@ -46,12 +47,15 @@ std::string native(ZyFilePath const & path)
 class ZyTemporaryDirTest : public testing::Test
 {
 protected:
-    ZyTemporaryDirTest() { qputenv("TMPDIR", scratch.path().c_str()); }
-    ~ZyTemporaryDirTest() override { wasSet ? qputenv("TMPDIR", was) : qunsetenv("TMPDIR"); }
+    ZyTemporaryDirTest() { qputenv(Environment::temporary, scratch.path().u8string().c_str()); }
+    ~ZyTemporaryDirTest() override
+    {
+        wasSet ? qputenv(Environment::temporary, was) : qunsetenv(Environment::temporary);
+    }
 
     ScratchDirectory const scratch;
-    bool const wasSet = qEnvironmentVariableIsSet("TMPDIR");
-    QByteArray const was = qgetenv("TMPDIR");
+    bool const wasSet = qEnvironmentVariableIsSet(Environment::temporary);
+    QByteArray const was = qgetenv(Environment::temporary);
 };
 
 using ZyTemporaryFileTest = ZyTemporaryDirTest;
@@ -140,16 +144,16 @@ TEST_F(ZyTemporaryDirTest, GivesUpWhereNothingCanBeMade)
     if (!fs::is_directory("/proc/self")) {
         GTEST_SKIP() << "no directory here in which even root can make nothing";
     }
-    qputenv("TMPDIR", "/proc");
+    qputenv(Environment::temporary, "/proc");
     EXPECT_ZY_THROW(ZyTemporaryDir(), ZyFileException, "Unable to create temporary directory");
-    qputenv("TMPDIR", scratch.path().c_str());
+    qputenv(Environment::temporary, scratch.path().u8string().c_str());
 }
 
 TEST_F(ZyTemporaryDirTest, PassesTheFailureOfAMissingTemporaryDirectoryOn)
 {
-    qputenv("TMPDIR", (scratch / "missing").c_str());
+    qputenv(Environment::temporary, (scratch / "missing").c_str());
     EXPECT_THROW(ZyTemporaryDir(), ZyFileException);
-    qputenv("TMPDIR", scratch.path().c_str());
+    qputenv(Environment::temporary, scratch.path().u8string().c_str());
 }
 
 TEST_F(ZyTemporaryDirTest, EndsTheProcessWhenItCannotGo)

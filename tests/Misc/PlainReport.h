@@ -25,11 +25,13 @@ public:
     {
         std::va_list arguments;
         va_start(arguments, format);
-        char * text = nullptr;
-        int const size = vasprintf(&text, format, arguments);
+        int const size = std::vsnprintf(nullptr, 0, format, arguments);
         va_end(arguments);
-        m_text.append(text, static_cast<std::size_t>(size));
-        std::free(text);
+        std::string text(static_cast<std::size_t>(size) + 1, '\0');
+        va_start(arguments, format);
+        std::vsnprintf(text.data(), text.size(), format, arguments);
+        va_end(arguments);
+        m_text.append(text, 0, text.size() - 1);
     }
     /** An empty \a css stands for the built-in style. */
     void style(std::string const & css)

@@ -6,6 +6,7 @@
 #include <ZyString.h>
 
 #include "CountingProblem.h"
+#include "Environment.h"
 #include "Restricted.h"
 #include "Signal.h"
 #include "ThrowsMessage.h"
@@ -391,7 +392,7 @@ TEST(ZyAbstractParallelProblemDeathTest, AnyOtherExceptionOfSolveEndsTheProcess)
         });
         problem.run();
     };
-    EXPECT_EXIT(child(), testing::KilledBySignal(SIGABRT), "terminate called");
+    EXPECT_EXIT(child(), Environment::endsByAbort, "terminate called");
 }
 
 TEST(ZyAbstractParallelProblem, Deliberate_parallel_run_waits_only_from_idle)
@@ -736,7 +737,7 @@ TEST(ZyAbstractParallelProblemDeathTest, Deliberate_parallel_destroyed_by_worker
         problem->start({});
         Signal().wait();
     };
-    EXPECT_EXIT(child(), testing::KilledBySignal(SIGABRT), "terminate called");
+    EXPECT_EXIT(child(), Environment::endsByAbort, "terminate called");
 }
 
 TEST(ZyAbstractParallelProblem, Deliberate_parallel_coordinator_fails_silently)

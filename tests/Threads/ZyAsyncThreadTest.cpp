@@ -6,6 +6,7 @@
 #include <ZyException.h>
 #include <ZyString.h>
 
+#include "Environment.h"
 #include "Restricted.h"
 #include "Signal.h"
 
@@ -481,7 +482,7 @@ TEST(ZyAsyncThreadDeathTest, Deliberate_async_failed_callback_ends_process)
         thread->run();
         Signal().wait();
     };
-    EXPECT_EXIT(child(), testing::KilledBySignal(SIGABRT), "terminate called");
+    EXPECT_EXIT(child(), Environment::endsByAbort, "terminate called");
 }
 
 TEST(ZyAsyncThread, Deliberate_async_run_twice)

@@ -2,6 +2,7 @@
 // Tests of moments of the calendar: their fields in every zone, their text and both XML forms.
 #include <ZyDateTime.h>
 
+#include "Environment.h"
 #include "ThrowsMessage.h"
 #include "VirtualSlot.h"
 #include "XmlLoad.h"
@@ -66,7 +67,7 @@ public:
 private:
     static void set(char const * zone)
     {
-        zone ? ::setenv("TZ", zone, 1) : ::unsetenv("TZ");
+        Environment::set("TZ", zone);
         ::tzset();
     }
 
@@ -252,7 +253,7 @@ TEST(ZyDateTime, NoticesAnotherZone)
         Zone const zone(london);
         moment.setRepresentation(ZyDateTime::Local);
         EXPECT_EQ(text(moment), "2021-07-01T12:00:00BST");
-        ::setenv("TZ", newYork, 1); // without telling the C library
+        Environment::set("TZ", newYork); // without telling the C library
         moment.setRepresentation(ZyDateTime::Local);
         EXPECT_EQ(text(moment), "2021-07-01T07:00:00EDT");
     }

@@ -34,22 +34,27 @@ public:
 
     std::filesystem::path const & path() const { return m_path; }
 
-    /** The path of a name inside. */
-    std::string operator/(std::string const & name) const { return (m_path / name).string(); }
+    /** The path of a name inside; both in UTF-8 where the system knows of characters. */
+    std::string operator/(std::string const & name) const { return inside(name).u8string(); }
 
     /** Writes a file and gives its path. */
     std::string write(std::string const & name, std::string const & content) const
     {
-        std::ofstream(m_path / name, std::ios::binary) << content;
+        std::ofstream(inside(name), std::ios::binary) << content;
         return *this / name;
     }
     std::string read(std::string const & name) const
     {
-        std::ifstream file(m_path / name, std::ios::binary);
+        std::ifstream file(inside(name), std::ios::binary);
         return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
     }
-    bool has(std::string const & name) const { return std::filesystem::exists(m_path / name); }
+    bool has(std::string const & name) const { return std::filesystem::exists(inside(name)); }
 
 private:
+    std::filesystem::path inside(std::string const & name) const
+    {
+        return m_path / std::filesystem::u8path(name);
+    }
+
     std::filesystem::path m_path;
 };
