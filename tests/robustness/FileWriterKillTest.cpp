@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // A process is killed at random moments of a safe save: the target is always the old content or the new one,
 // whole.
+#include "Killed.h"
 #include "ScratchDirectory.h"
 
 #include <ZyFileWriter.h>
@@ -13,7 +14,6 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdlib>
-#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -57,23 +57,9 @@ void writeThroughDevice(ZyFileWriter & writer, std::string const & content)
     writer.device()->write(content.data(), static_cast<qint64>(content.size()));
 }
 
-/** Lets the system kill this process after some time, whatever it does then. */
-void killAfter(long nanoseconds)
-{
-    sigevent event{};
-    event.sigev_notify = SIGEV_SIGNAL;
-    event.sigev_signo = SIGKILL;
-    timer_t timer{};
-    itimerspec const moment{{0, 0}, {nanoseconds / 1000000000, nanoseconds % 1000000000}};
-    if (::timer_create(CLOCK_MONOTONIC, &event, &timer) != 0 ||
-        ::timer_settime(timer, 0, &moment, nullptr) != 0) {
-        std::_Exit(99);
-    }
-}
-
 [[noreturn]] void save(std::string const & target, Way const & way, std::string const & content, long moment)
 {
-    killAfter(moment);
+    Killed::after(moment);
     try {
         ZyFileWriter writer{ZyString(target)};
         writer.open();
