@@ -120,6 +120,7 @@ def rows():
     add("maths", "guarded `Cosh`", "guarded/cosh/ours", {"plain": (None, None)})
     add("undo", "1,000,000 actions recorded, undone, redone", "undo-all/ours", {"QUndoStack": (1, None)})
     add("undo", "1,000,000 actions, the last 100 kept", "undo-record/ours", {"QUndoStack": (1, None)})
+    add("kinds", "the kind of a file", "file-kind/ours", {"unordered_map": (None, None), "QMimeDatabase": (1, None)})
     add("faults", "a command for the host", "fenced-command/ours", {"function": (None, None)})
     for threads, label in (("1", "1 thread"), ("2", "2 threads")):
         add("threads", f"parallel problem, tiny items, {label}", f"parallel/tiny-{threads}/ours",
@@ -139,6 +140,8 @@ Figure = namedtuple("Figure", "family label names kind limit unit")
 FIGURES = [
     Figure("faults", "a command for the host that does nothing", ["fenced-command/ours"], "step", 5000, "ns"),
     Figure("faults", "a command that faults, with its report", ["faulting-command/ours"], "step", None, "ns"),
+    Figure("kinds", "the kind of a file, by its path", ["file-kind/ours"], "step", 200, "ns"),
+    Figure("kinds", "the same, the path made from text", ["file-kind/ours-from-text"], "step", None, "ns"),
     Figure("undo", "time of recording with a limit of 100 / without", ["undo-record/ours-no-limit", "undo-record/ours"],
            "time", 1.1, "x"),
     Figure("xml_load", "time of 61 rules / 1 rule", ["xml-rules/records/ours-1", "xml-rules/records/ours-61"], "time", 1.1,
