@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Histograms, guarded functions and the history of a document when memory ends.
+// Histograms, guarded functions, the history of a document and commands when memory ends.
 #include "AllocationFault.h"
 
 #include <ZyActionGroup.h>
+#include <ZyCommandShell.h>
 #include <ZyHistogram.h>
 #include <ZyMaths.h>
 #include <ZyString.h>
 #include <ZyUndoManager.h>
 
+#include <keelbase/KbHost.h>
+
+#include <cstddef>
 #include <utility>
 
 namespace
@@ -111,4 +115,16 @@ TEST(AllocationFailure, AddsAMemberToAGroupOrLeavesTheGroup)
     failEveryAllocation(
         [&] { group.setDescription(text); },
         [&](bool returned) { EXPECT_EQ(group.description().toStdString(), returned ? longText : ""); });
+}
+
+TEST(AllocationFailure, ReturnsFromACommandWithAReport)
+{
+    ZyString const command("command");
+    unsigned reports = 0;
+    kb::SetOutput([&reports](char const *, char const *, std::size_t) { ++reports; });
+    unsigned const failures = failEveryAllocation([&] { ZyCommandShell::RunCommand(command, false); },
+                                                  [&](bool returned) { EXPECT_TRUE(returned); });
+    kb::SetOutput({});
+    EXPECT_EQ(failures, 1u); // the handler that drops the output
+    EXPECT_EQ(reports, failures + 1);
 }

@@ -54,7 +54,7 @@ Machine machineOf(ucontext_t const &)
 /** Memory beside the end of the stack: the next page below the last one, or the guard there. */
 bool isStackOverflow(siginfo_t const & info, Machine const & machine)
 {
-    constexpr std::uintptr_t reach = 64 * 1024;
+    constexpr std::uintptr_t reach = 65536;
     auto const address = reinterpret_cast<std::uintptr_t>(info.si_addr);
     auto const distance = address > machine.stack ? address - machine.stack : machine.stack - address;
     bool const isMissing = info.si_code == SEGV_MAPERR || info.si_code == SEGV_ACCERR;

@@ -16,7 +16,7 @@
 
 namespace
 {
-constexpr std::size_t stackSize = 64 * 1024;
+constexpr std::size_t stackSize = 65536;
 
 /**
  * A stack for the handlers of a thread, which cannot run on one that has overflowed. A thread that has such a

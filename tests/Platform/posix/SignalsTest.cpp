@@ -242,6 +242,12 @@ TEST_F(Signals, KillWhereNobodyHandlesThem)
     EXPECT_KILLED(
         {
             CHECK_IN_CHILD(isFenced());
+            Faults::breakPoint(); // which does not come again when the handler returns
+        },
+        SIGTRAP);
+    EXPECT_KILLED(
+        {
+            CHECK_IN_CHILD(isFenced());
             kill(getpid(), SIGBUS);
         },
         SIGBUS);
