@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Commands and messages on their way to the host.
 #include "Faults.h"
+#include "VirtualSlot.h"
 
 #include <TandobleException.h>
 #include <ZyCommandShell.h>
@@ -138,6 +139,17 @@ void operator delete(void * memory) noexcept
 void operator delete(void * memory, std::size_t) noexcept
 {
     std::free(memory);
+}
+
+#endif
+
+#if ZY_SLOTS_VISIBLE
+
+TEST(ZyCommandShell, FindsTheFunctionsOfAShellInTheirOrder)
+{
+    EXPECT_EQ(virtualSlot(&ShellInterface::execute), 0u);
+    EXPECT_EQ(virtualSlot(&ShellInterface::reserved), 1u);
+    EXPECT_EQ(virtualSlot(&ShellInterface::currentHandler), 2u);
 }
 
 #endif

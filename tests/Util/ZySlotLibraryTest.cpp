@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Slots of libraries that come and go.
+#include "Platform/Module.h"
+#include "ScratchDirectory.h"
+
 #include <keelbase/KbHost.h>
 
 #include <QLibrary>
@@ -7,6 +10,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <filesystem>
+#include <string>
 #include <vector>
 
 namespace
@@ -93,4 +99,18 @@ TEST_F(SlotLibrary, IsForgottenWhenItIsUnloaded)
     m_one.unload();
     m_two.unload();
     EXPECT_TRUE(slots().empty());
+}
+
+TEST_F(SlotLibrary, IsToldAsAModuleWhateverItsName)
+{
+    ScratchDirectory const directory;
+    std::string const name = "a%s%n b" + std::filesystem::path(ZYTEST_SLOT_One).extension().string();
+    std::filesystem::copy_file(ZYTEST_SLOT_One, directory.path() / name);
+    QLibrary library(QString::fromStdString(directory / name));
+    auto const function = library.resolve("zytest_callSlot");
+    ASSERT_NE(function, nullptr) << library.errorString().toStdString();
+    ZyPlatform::Module const module = ZyPlatform::moduleOf(reinterpret_cast<std::uintptr_t>(function));
+    EXPECT_EQ(module.file, name);
+    EXPECT_NE(module.base, 0u);
+    library.unload();
 }

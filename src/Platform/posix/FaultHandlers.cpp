@@ -47,10 +47,12 @@ struct Row
 
 std::array<Row, faultSignals.size()> rows;
 
-Row & rowOf(int signal)
+/** Null: no signal of ours, but hosts hand on what they like. */
+Row * rowOf(int signal)
 {
-    auto const place = std::find(faultSignals.begin(), faultSignals.end(), signal) - faultSignals.begin();
-    return rows[static_cast<std::size_t>(place)];
+    auto const * const found = std::find(faultSignals.begin(), faultSignals.end(), signal);
+    return found != faultSignals.end() ? &rows[static_cast<std::size_t>(found - faultSignals.begin())]
+                                       : nullptr;
 }
 
 /** Whether the processor has raised it at an instruction of this thread. */
@@ -117,13 +119,16 @@ void handOn(Replaced & replaced, int signal, siginfo_t * info, void * context)
 template <std::size_t place>
 void onSignal(int signal, siginfo_t * info, void * context)
 {
+    Row * const row = rowOf(signal);
+    if (row == nullptr) {
+        return;
+    }
     int const error = errno;
     if (isFault(info) || isRaised(info)) {
         FaultHandlers::jump(signal, info, context);
     }
-    Row & row = rowOf(signal);
-    row.used.load(); // what was written before this handler was installed is seen
-    handOn(row.replaced[place], signal, info, context);
+    row->used.load(); // what was written before this handler was installed is seen
+    handOn(row->replaced[place], signal, info, context);
     errno = error;
 }
 

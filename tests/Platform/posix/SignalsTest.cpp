@@ -4,6 +4,7 @@
 #include "Faults.h"
 
 #include "Platform/FaultFence.h"
+#include "Platform/Module.h"
 
 #include <gtest/gtest.h>
 
@@ -12,6 +13,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <thread>
 #include <vector>
 
@@ -280,6 +282,18 @@ TEST_F(Signals, OfAHostThatHandsThemOnDoNotGoInCircles)
         SIGSEGV);
 }
 
+TEST_F(Signals, MayBeHandedOnWithoutTheirDetails)
+{
+    EXPECT_TRUE(isFenced());
+    struct sigaction ours = {};
+    sigaction(SIGSEGV, nullptr, &ours);
+    EXPECT_EQ(codeOf([&] { ours.sa_sigaction(SIGUSR1, nullptr, nullptr); }), 0u);
+    FaultInfo fault;
+    EXPECT_FALSE(FaultFence::call([&] { ours.sa_sigaction(SIGSEGV, nullptr, nullptr); }, fault));
+    EXPECT_EQ(fault.code, accessViolation);
+    EXPECT_EQ(fault.address, 0u);
+}
+
 TEST_F(Signals, OfAHostMayComeAndGoForEver)
 {
     EXPECT_GOOD({
@@ -381,6 +395,40 @@ TEST_F(Signals, OfMemoryThatIsGoneFromItsFileAreFaults)
     }
     munmap(memory, 4096);
     std::fclose(file);
+}
+
+#if defined(__x86_64__) || defined(__i386__)
+
+TEST_F(Signals, InCodeOfNoModuleAreToldWithTheirAddress)
+{
+    void * const memory =
+        mmap(nullptr, 4096, PROT_READ | PROT_WRITE | PROT_EXEC, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (memory == MAP_FAILED) {
+        GTEST_SKIP() << "no code can be made at run time here";
+    }
+    constexpr unsigned char illegal[] = {0x0F, 0x0B};
+    std::memcpy(memory, illegal, sizeof illegal);
+    FaultInfo fault;
+    EXPECT_FALSE(FaultFence::call([memory] { reinterpret_cast<void (*)()>(memory)(); }, fault));
+    EXPECT_EQ(fault.code, 0xC000001Du);
+    EXPECT_EQ(fault.address, reinterpret_cast<std::uintptr_t>(memory));
+    EXPECT_STREQ(ZyPlatform::moduleOf(fault.address).file, "");
+    munmap(memory, 4096);
+}
+
+#endif
+
+TEST_F(Signals, InAProgramWithAnOddNameAreToldByItsFile)
+{
+    pid_t const child = fork();
+    if (child == 0) {
+        execl("/proc/self/exe", "odd/name", "--gtest_filter=Module.TellsTheProgram*", "--gtest_brief=1",
+              nullptr);
+        std::_Exit(127);
+    }
+    int status = -1;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
 }
 
 TEST_F(Signals, ThatAThreadBlocksAreToldAndStayBlocked)
