@@ -18,7 +18,7 @@ if [ "${1:-}" = --seconds ]; then
     seconds=$2
     shift 2
 fi
-all=(base64 csv path zip xmlreader xmlloader xmldom msw datetime)
+all=(base64 csv config path zip xmlreader xmlloader xmldom msw datetime)
 targets=("$@")
 [ $# -gt 0 ] || targets=("${all[@]}")
 
@@ -27,6 +27,7 @@ settings() {
     case $1 in
     base64) runs=100000 length=256 ;;
     csv) runs=30000 length=512 ;;
+    config) runs=50000 length=256 ;;
     path) runs=30000 length=256 ;;
     zip) runs=6000 length=4096 ;;
     xmlreader) runs=10000 length=1024 ;;

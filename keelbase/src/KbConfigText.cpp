@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 namespace
 {
@@ -49,26 +50,45 @@ std::string unescaped(std::string_view text, std::size_t count)
     return result;
 }
 
+/** Where an item of a name stands; it is added where there is none. Index and items agree, whatever is
+ * thrown. */
+template <class Item>
+std::size_t placeIn(std::unordered_map<std::string, std::size_t> & index, std::vector<Item> & items,
+                    std::string const & name, typename std::vector<Item>::value_type item)
+{
+    auto const found = index.find(name);
+    if (found != index.end()) {
+        return found->second;
+    }
+    items.push_back(std::move(item));
+    try {
+        index.emplace(name, items.size() - 1);
+    } catch (...) {
+        items.pop_back();
+        throw;
+    }
+    return items.size() - 1;
+}
+
 } // namespace
 
 void KbConfigText::Section::set(std::string const & key, std::string const & value)
 {
-    auto const [place, isNew] = settings.emplace(key, lines.size());
-    if (isNew) {
-        lines.push_back({true, key, value});
-    } else {
-        lines[place->second].value = value;
-    }
+    std::size_t const place = placeIn(settings, lines, key, {true, key, value});
+    lines[place].value = value;
 }
 
 KbConfigText::KbConfigText(std::string_view text)
 {
     constexpr std::string_view mark = "\xEF\xBB\xBF";
-    std::size_t const start = text.substr(0, mark.size()) == mark ? mark.size() : 0;
+    std::size_t start = 0;
+    while (text.substr(start, mark.size()) == mark) {
+        start += mark.size();
+    }
     for (std::size_t from = start; from < text.size();) {
         std::size_t const end = std::min(text.find('\n', from), text.size());
         std::string_view line = text.substr(from, end - from);
-        if (!line.empty() && line.back() == '\r') {
+        while (!line.empty() && line.back() == '\r') {
             line.remove_suffix(1);
         }
         read(line, from == start);
@@ -141,11 +161,7 @@ std::string const * KbConfigText::value(std::string const & section, std::string
 
 KbConfigText::Section & KbConfigText::addSection(std::string const & name)
 {
-    auto const [place, isNew] = m_named.emplace(name, m_sections.size());
-    if (isNew) {
-        m_sections.push_back({true, name, {}, {}});
-    }
-    return m_sections[place->second];
+    return m_sections[placeIn(m_named, m_sections, name, {true, name, {}, {}})];
 }
 
 void KbConfigText::set(std::string const & section, std::string const & key, std::string const & value)

@@ -47,6 +47,8 @@ public:
 
     std::string text() const;
 
+    /** In order, with what belongs to none. */
+    std::vector<Section> const & sections() const { return m_sections; }
     /** Null when there is none. */
     Section const * section(std::string const & name) const;
     /** Null when there is none. */

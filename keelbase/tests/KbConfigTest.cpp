@@ -333,6 +333,15 @@ TEST_F(KbConfigFile, LineEndsOfOtherSystemsAndAMissingOneAreRead)
     EXPECT_EQ(content(), "[S]\na=2\nb=\n[T]\nc=x\\ry\nd=last\n");
 }
 
+TEST_F(KbConfigFile, RepeatedMarksAndLineEndsAreDroppedAtOnce)
+{
+    put("\xEF\xBB\xBF\xEF\xBB\xBF[S]\r\r\na=1\r\r\n");
+    EXPECT_THAT(keys("S"), ElementsAre("a"));
+    EXPECT_EQ(value("S", "a"), "1");
+    write("S", "a", "2");
+    EXPECT_EQ(content(), "[S]\na=2\n");
+}
+
 TEST_F(KbConfigFile, WhatIsNoSettingStaysWhereItStands)
 {
     put("# heading\n\nlost=1\n[S]\na=1\nhalf a line\n\nb=2\n[broken\nlost=2\n[T]\nc=3\n");
