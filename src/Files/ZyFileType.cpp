@@ -87,11 +87,9 @@ ZyFileType::Manager const & ZyFileType::Manager::Instance()
 
 ZyFileType::Manager::Definition const & ZyFileType::Manager::definition(Type type) const
 {
-    auto const ofType = [&](Type wanted) {
-        return find([&](Definition const & candidate) { return candidate.type == wanted; });
-    };
-    Definition const * const found = ofType(type);
-    return found ? *found : *ofType(Undefined);
+    Definition const * const found =
+        find([type](Definition const & candidate) { return candidate.type == type; });
+    return found ? *found : *m_definitions.std_deque().front(); // that of Undefined
 }
 
 ZyFileType::Type ZyFileType::Manager::typeOf(std::string_view extension) const
