@@ -56,7 +56,7 @@ std::shared_ptr<Snapshot const> snapshotOf(std::string && content)
         return here.latest;
     }
     lock.unlock();
-    auto const snapshot = std::make_shared<Snapshot const>(std::move(content));
+    auto snapshot = std::make_shared<Snapshot const>(std::move(content));
     lock.lock();
     here.latest = snapshot;
     return snapshot;

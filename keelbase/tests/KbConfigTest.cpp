@@ -253,17 +253,6 @@ TEST_F(KbConfigFile, WhatAKilledWriterLeftIsReplaced)
     EXPECT_FALSE(directory.has("suite.cfg.new"));
 }
 
-TEST_F(KbConfigFile, IsFoundThroughALinkWhichStays)
-{
-    std::filesystem::create_directory(directory.path() / "real");
-    directory.write("real/suite.cfg", "[S]\na=1\n");
-    std::filesystem::create_symlink("real/suite.cfg", directory.path() / "suite.cfg");
-    EXPECT_EQ(value("S", "a"), "1");
-    EXPECT_EQ(write("S", "a", "2"), 1);
-    EXPECT_TRUE(std::filesystem::is_symlink(directory.path() / "suite.cfg"));
-    EXPECT_EQ(directory.read("real/suite.cfg"), "[S]\na=2\n");
-}
-
 TEST_F(KbConfigFile, IsFoundByARelativePathAfterAChangeOfDirectory)
 {
     std::filesystem::path const before = std::filesystem::current_path();
@@ -309,16 +298,6 @@ TEST_F(KbConfigFile, AReadOnlyFileIsReadAndNotReplaced)
     EXPECT_EQ(value("S", "a"), "1");
     EXPECT_EQ(content(), "[S]\na=1\n");
     EXPECT_FALSE(directory.has("suite.cfg.new"));
-}
-
-TEST_F(KbConfigFile, TheNewFileHasTheRightsOfTheFormerOne)
-{
-    put("[S]\na=1\n");
-    auto const file = directory.path() / "suite.cfg";
-    auto const rights = std::filesystem::perms::owner_read | std::filesystem::perms::owner_write;
-    std::filesystem::permissions(file, rights);
-    EXPECT_EQ(write("S", "a", "2"), 1);
-    EXPECT_EQ(std::filesystem::status(file).permissions(), rights);
 }
 
 TEST_F(KbConfigFile, LineEndsOfOtherSystemsAndAMissingOneAreRead)

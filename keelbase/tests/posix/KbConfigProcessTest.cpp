@@ -165,6 +165,27 @@ TEST_F(KbConfigProcess, AFileThatCannotBeReadIsNotReplaced)
     EXPECT_EQ(directory.read("suite.cfg"), "[S]\na=1\n");
 }
 
+TEST_F(KbConfigProcess, IsFoundThroughALinkWhichStays)
+{
+    fs::create_directory(directory.path() / "real");
+    directory.write("real/suite.cfg", "[S]\na=1\n");
+    fs::create_symlink("real/suite.cfg", directory.path() / "suite.cfg");
+    EXPECT_EQ(cfgman_WriteConfigSetting("S", "b", "2"), 1);
+    EXPECT_TRUE(fs::is_symlink(directory.path() / "suite.cfg"));
+    EXPECT_EQ(directory.read("real/suite.cfg"), "[S]\na=1\nb=2\n");
+}
+
+TEST_F(KbConfigProcess, TheNewFileHasTheRightsOfTheFormerOne)
+{
+    directory.write("suite.cfg", "[S]\na=1\n");
+    fs::path const file = directory.path() / "suite.cfg";
+    for (fs::perms const rights : {fs::perms::owner_read | fs::perms::owner_write, fs::perms(0666)}) {
+        fs::permissions(file, rights);
+        EXPECT_EQ(cfgman_WriteConfigSetting("S", "a", "2"), 1);
+        EXPECT_EQ(fs::status(file).permissions(), rights);
+    }
+}
+
 TEST_F(KbConfigProcess, APipeIsNoFileAndIsNotWaitedFor)
 {
     ASSERT_EQ(::mkfifo((directory / "suite.cfg").c_str(), 0600), 0);
