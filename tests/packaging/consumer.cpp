@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // What a first program of someone else would do: text, a container, a table that becomes a workbook, a type
-// of its own in XML, and an exception across the library's border.
+// of its own in XML, an icon, and an exception across the library's border.
 #include "binding.h"
 
 #include <ZyCore.h>
 #include <keelbase/Keelbase.h>
+
+#include <QIcon>
 
 #include <iostream>
 
@@ -21,6 +23,11 @@ try {
     if (!bindsItsOwnType()) {
         std::cerr << "The own type did not come back\n";
         return 3;
+    }
+    QIcon const & icon = ZyIconManager::Get("none.png");
+    if (!icon.isNull()) {
+        std::cerr << "There is an icon without a desktop\n";
+        return 4;
     }
     std::cout << ZyFileSystem::FileSize(ZyFilePath("words.xlsx")) << " bytes\n"
               << words.find("diode").c_str();
