@@ -11,7 +11,8 @@
  * heap. It is thrown and caught by value, so that it can be reported whatever state the fault has left.
  *
  * Nothing in the library throws one across a call of the library: ZyCommandShell::RunCommand reports them.
- * The functions that a host offers may throw them as well.
+ * A fault is not thrown on its way there, so that a command cannot catch its own. The functions that a host
+ * offers may throw these structures.
  */
 struct ZYCORE_EXPORT TandobleException
 {
