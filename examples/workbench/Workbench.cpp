@@ -5,6 +5,7 @@
 
 #include "KindList.h"
 #include "LogPanel.h"
+#include "Settings.h"
 #include "TableView.h"
 
 #include <ZyException.h>
@@ -41,6 +42,18 @@ Workbench::Workbench()
     statusBar()->addPermanentWidget(m_size);
     buildPanels();
     buildMenus();
+    connectParts();
+    restoreGeometry(Settings::Geometry());
+    restoreState(Settings::Panels());
+    m_view->fitColumns();
+    m_view->goTo(0, 0);
+    showState();
+}
+
+Workbench::~Workbench() = default;
+
+void Workbench::connectParts()
+{
     connect(&m_document, &Document::changed, this, &Workbench::showState);
     connect(&m_document.model(), &TableModel::editRequested, this,
             [this](int row, int column, QString const & text) {
@@ -51,12 +64,10 @@ Workbench::Workbench()
         statusBar()->showMessage(
             QStringLiteral("Exporting %1: %2 %").arg(QFileInfo(file).fileName()).arg(percent));
     });
-    m_view->fitColumns();
-    m_view->goTo(0, 0);
-    showState();
+    connect(&m_shell, &HostShell::printed, m_log, &LogPanel::append);
+    connect(&m_shell, &HostShell::openRequested, this, &Workbench::showLines, Qt::QueuedConnection);
+    connect(m_log, &LogPanel::commandEntered, this, &Workbench::runCommand);
 }
-
-Workbench::~Workbench() = default;
 
 void Workbench::buildPanels()
 {
@@ -105,7 +116,6 @@ void Workbench::showState()
     m_undo->setText(QStringLiteral("&Undo ") + history.undoText());
     m_redo->setEnabled(history.canRedo());
     m_redo->setText(QStringLiteral("&Redo ") + history.redoText());
-    m_save->setEnabled(history.isModified() || !m_document.canSave());
     m_size->setText(QStringLiteral("%1 rows × %2 columns")
                         .arg(m_document.model().rowCount())
                         .arg(m_document.model().columnCount()));
@@ -136,6 +146,7 @@ void Workbench::closeEvent(QCloseEvent * event)
         return;
     }
     if (!m_exporter.isBusy()) {
+        Settings::SaveWindow(saveGeometry(), saveState());
         event->accept();
         return;
     }

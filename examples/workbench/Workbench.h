@@ -4,6 +4,7 @@
 
 #include "Document.h"
 #include "Exporter.h"
+#include "HostShell.h"
 
 #include <ZyFileType.h>
 
@@ -13,6 +14,7 @@
 
 class LogPanel;
 class QLabel;
+class QMenu;
 class TableView;
 
 /**
@@ -45,6 +47,7 @@ protected:
 private:
     // Workbench.cpp
     void buildPanels();
+    void connectParts();
     void showState();
     bool mayDiscard();
 
@@ -56,6 +59,7 @@ private:
     void buildEditMenu();
     void buildTableMenu();
     void buildViewMenu();
+    void buildDeveloperMenu();
     void buildToolBar();
 
     // WorkbenchFiles.cpp
@@ -66,6 +70,12 @@ private:
     void exportEnded(QString const & file, QString const & failure);
     QString suggestion(QString const & extension) const;
 
+    bool askHost(QString const & file);
+    void showLines(QString const & file);
+    void noteFile(QString const & file);
+    void fillRecentFiles();
+    void runCommand(QString const & command);
+
     // WorkbenchEditing.cpp
     void onArea(std::function<void(Document &, QRect const &)> const & work);
     void insertRow(int offset);
@@ -75,12 +85,13 @@ private:
 
     Document m_document;
     Exporter m_exporter;
+    HostShell m_shell;
     TableView * m_view;
     LogPanel * m_log;
     QLabel * m_size;
     QAction * m_undo = nullptr;
     QAction * m_redo = nullptr;
-    QAction * m_save = nullptr;
+    QMenu * m_recent = nullptr;
     QList<QAction *> m_toolBarActions;
     bool m_closeWhenExported = false;
 };

@@ -2,22 +2,76 @@
 // Opening, saving, exporting.
 
 #include "FileDialogs.h"
+#include "Settings.h"
 #include "TableFile.h"
 #include "TableView.h"
 #include "Workbench.h"
 
+#include <ZyCommandShell.h>
+#include <ZyFilePath.h>
+#include <ZyFileSystem.h>
+
 #include <QDir>
 #include <QFileInfo>
+#include <QMenu>
 
 bool Workbench::openFile(QString const & file)
 {
+    if (formOf(file) == FileForm::Other && QFileInfo(file).isFile()) {
+        return askHost(file);
+    }
     if (!mayDiscard() || !attempt([&file](Document & document) { document.open(file); })) {
         return false;
     }
+    noteFile(file);
+    return true;
+}
+
+// The library knows what a host does with its kinds of file, and sends this program the command for it.
+bool Workbench::askHost(QString const & file)
+{
+    unsigned int const before = HostShell::filesAskedFor();
+    ZyFileSystem::OpenFile(ZyFilePath(ZyString(file)));
+    if (HostShell::filesAskedFor() == before) {
+        fail(QStringLiteral("%1: is nothing that can be opened here").arg(file));
+        return false;
+    }
+    return true;
+}
+
+// What a command asks for: a table as a table, and any other file line by line.
+void Workbench::showLines(QString const & path)
+{
+    QString const file = QString(path).replace(u'\\', u'/');
+    if (formOf(file) != FileForm::Other) {
+        openFile(file);
+    } else if (mayDiscard() && attempt([&file](Document & document) { document.openLines(file); })) {
+        noteFile(file);
+    }
+}
+
+void Workbench::noteFile(QString const & file)
+{
     m_view->fitColumns();
     m_view->goTo(0, 0);
+    Settings::NoteRecentFile(QFileInfo(file).absoluteFilePath());
+    fillRecentFiles();
     tell(QStringLiteral("Opened %1").arg(file));
-    return true;
+}
+
+void Workbench::fillRecentFiles()
+{
+    m_recent->clear();
+    for (QString const & file : Settings::RecentFiles()) {
+        command(m_recent, QString(file).replace(u'&', QStringLiteral("&&")), QKeySequence(),
+                [this, file] { openFile(file); });
+    }
+    m_recent->setEnabled(!m_recent->isEmpty());
+}
+
+void Workbench::runCommand(QString const & command)
+{
+    ZyCommandShell::RunCommand(ZyString(command), true);
 }
 
 void Workbench::newTable()
@@ -56,6 +110,8 @@ bool Workbench::saveAs()
         askForFileToSave(this, suggestion(isRich ? QStringLiteral(".zyt.xml") : QStringLiteral(".csv")));
     bool const saved = !file.isEmpty() && attempt([&file](Document & document) { document.save(file); });
     if (saved) {
+        Settings::NoteRecentFile(QFileInfo(file).absoluteFilePath());
+        fillRecentFiles();
         tell(QStringLiteral("Saved %1").arg(file));
     }
     return saved;

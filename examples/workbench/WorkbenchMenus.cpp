@@ -6,6 +6,9 @@
 #include "FileDialogs.h"
 #include "TableView.h"
 
+#include <ZyCommandShell.h>
+#include <ZyString.h>
+
 #include <QDockWidget>
 #include <QMenuBar>
 #include <QStyle>
@@ -29,6 +32,7 @@ void Workbench::buildMenus()
     buildEditMenu();
     buildTableMenu();
     buildViewMenu();
+    buildDeveloperMenu();
     buildToolBar();
 }
 
@@ -38,7 +42,9 @@ void Workbench::buildFileMenu()
     QAction * const fresh = command(menu, QStringLiteral("&New"), QKeySequence::New, [this] { newTable(); });
     QAction * const open = command(menu, QStringLiteral("&Open…"), QKeySequence::Open,
                                    [this] { askToOpen(ZyFileType::Undefined); });
-    m_save = command(menu, QStringLiteral("&Save"), QKeySequence::Save, [this] { save(); });
+    m_recent = menu->addMenu(QStringLiteral("Open &recent"));
+    fillRecentFiles();
+    QAction * const keep = command(menu, QStringLiteral("&Save"), QKeySequence::Save, [this] { save(); });
     command(menu, QStringLiteral("Save &as…"), QKeySequence(QStringLiteral("Ctrl+Shift+S")),
             [this] { saveAs(); });
     menu->addSeparator();
@@ -50,8 +56,8 @@ void Workbench::buildFileMenu()
     command(menu, QStringLiteral("&Quit"), QKeySequence(QStringLiteral("Ctrl+Q")), [this] { close(); });
     fresh->setIcon(style()->standardIcon(QStyle::SP_FileIcon));
     open->setIcon(style()->standardIcon(QStyle::SP_DialogOpenButton));
-    m_save->setIcon(style()->standardIcon(QStyle::SP_DialogSaveButton));
-    m_toolBarActions << fresh << open << m_save;
+    keep->setIcon(style()->standardIcon(QStyle::SP_DialogSaveButton));
+    m_toolBarActions << fresh << open << keep;
 }
 
 void Workbench::buildEditMenu()
@@ -94,6 +100,16 @@ void Workbench::buildTableMenu()
             [this] { sort(true); });
     command(menu, QStringLiteral("Sort by this column, &descending"),
             QKeySequence(QStringLiteral("Ctrl+Shift+L")), [this] { sort(false); });
+}
+
+// A command that faults is told in the log, and the program goes on.
+void Workbench::buildDeveloperMenu()
+{
+    QMenu * const menu = menuBar()->addMenu(QStringLiteral("&Developer"));
+    command(menu, QStringLiteral("Run a command that &faults"), QKeySequence(),
+            [this] { runCommand(QStringLiteral("fault")); });
+    command(menu, QStringLiteral("&Print a message"), QKeySequence(),
+            [] { ZyCommandShell::PrintMessage("Printed by the library\n"); });
 }
 
 void Workbench::buildViewMenu()

@@ -2,6 +2,7 @@
 // zyworkbench: shows and edits tables.
 
 #include "Options.h"
+#include "Settings.h"
 #include "Terminal.h"
 #include "Workbench.h"
 
@@ -13,6 +14,7 @@ namespace
 
 int run(Options const & options)
 {
+    Settings::UseFile(options.config);
     Workbench window;
     window.show();
     if (!options.file.isEmpty()) {

@@ -66,7 +66,6 @@ TEST_F(Files, DialogThatIsLeftOpensNothing)
 TEST_F(Files, ChangesAreSavedInPlace)
 {
     ASSERT_TRUE(open(parts));
-    EXPECT_FALSE(action(QStringLiteral("File"), QStringLiteral("Save"))->isEnabled());
     type(0, 1, QStringLiteral("x, y"));
     press(Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(scratch.read("parts.csv"), "a,\"x, y\"\r\nb,2\r\n");
@@ -116,7 +115,7 @@ TEST_F(Files, DamagedFilesLeaveTheWindowAsItIs)
          {std::tuple("bad.csv", "a\n\"b\n", ":2: a quoted field does not end on its line"),
           std::tuple("empty.csv", "", ": is empty"),
           std::tuple("bad.zyt.xml", "<DataTable><Rows>", ":1: Premature end of document."),
-          std::tuple("bad.msw", "<msw/>", ": is no result file that can be read")}) {
+          std::tuple("bad.msw", "<msw", ": is no result file that can be read")}) {
         std::string const file = scratch.write(name, content);
         EXPECT_TRUE(nameFile(askToOpen, file));
         EXPECT_EQ(status(), file + words);

@@ -3,13 +3,15 @@
 
 #include "WindowTest.h"
 
+#include "Settings.h"
 #include "TableModel.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QFileDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -35,26 +37,47 @@ QAction * find(QList<QAction *> const & actions, QString const & text)
 
 } // namespace
 
-WindowTest::WindowTest() : m_window(std::make_unique<Workbench>())
+WindowTest::WindowTest()
 {
-    m_window->show();
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(m_window.get()));
-    view().setFocus();
-    EXPECT_TRUE(waitUntil([this] {
-        m_window->activateWindow(); // there need not be a window manager that does
-        return QApplication::focusWidget() == &view();
-    }));
+    Settings::UseFile(QString::fromStdString(home / "settings"));
+    openWindow();
 }
 
 WindowTest::~WindowTest() = default;
+
+void WindowTest::openWindow()
+{
+    m_window = std::make_unique<Workbench>();
+    m_window->show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(m_window.get()));
+    view().setFocus();
+    activate(m_window.get());
+}
 
 TableView & WindowTest::view() const
 {
     return *m_window->findChild<TableView *>();
 }
 
+// Where there is no window manager, nobody hands the keyboard from window to window.
+void WindowTest::activate(QWidget * widget)
+{
+    QElapsedTimer asked;
+    EXPECT_TRUE(waitUntil([&] {
+        QGuiApplication::sync();
+        if (QApplication::activeWindow() != widget && (!asked.isValid() || asked.elapsed() > 500)) {
+            asked.start();
+            widget->activateWindow();
+        }
+        return QApplication::activeWindow() == widget && QApplication::focusWidget();
+    }));
+}
+
 void WindowTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
 {
+    if (!QApplication::activeModalWidget() && !QApplication::activePopupWidget()) {
+        activate(m_window.get());
+    }
     QWidget * const focus = QApplication::focusWidget();
     QTest::keyClick(focus ? focus : m_window.get(), key, modifiers);
 }
@@ -79,6 +102,7 @@ void WindowTest::type(int row, int column, QString const & text)
     press(Qt::Key_A, Qt::ControlModifier);
     QTest::keyClicks(QApplication::focusWidget(), text);
     press(Qt::Key_Return);
+    EXPECT_TRUE(waitUntil([this] { return QApplication::focusWidget() == &view(); })); // typing ends later
 }
 
 QAction * WindowTest::action(QString const & menu, QString const & entry) const
@@ -110,6 +134,10 @@ bool WindowTest::inDialog(std::function<void()> const & trigger,
         if (dialog && dialog->isVisible()) {
             timer.stop();
             seen = true;
+            QTimer::singleShot(patienceMs, dialog, [dialog] {
+                ADD_FAILURE() << "the dialog is still open";
+                dialog->reject();
+            });
             answer(dialog);
         }
     });
@@ -120,11 +148,17 @@ bool WindowTest::inDialog(std::function<void()> const & trigger,
 
 bool WindowTest::nameFile(std::function<void()> const & trigger, std::string const & file)
 {
-    return inDialog(trigger, [&file](QDialog * dialog) {
+    return inDialog(trigger, [this, &file](QDialog * dialog) {
         auto * const edit = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-        ASSERT_NE(edit, nullptr);
+        auto * const buttons = dialog->findChild<QDialogButtonBox *>();
+        ASSERT_TRUE(edit && buttons);
+        activate(dialog);
+        edit->setFocus();
         edit->selectAll();
         QTest::keyClicks(edit, QString::fromStdString(file));
+        QAbstractButton * const accept = buttons->buttons().first();
+        EXPECT_TRUE(
+            waitUntil([accept] { return accept->isEnabled(); })); // the dialog reads folders meanwhile
         QTest::keyClick(edit, Qt::Key_Return);
     });
 }

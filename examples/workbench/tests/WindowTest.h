@@ -24,6 +24,8 @@ protected:
     ~WindowTest() override;
 
     // Hands.
+    /** Gives the keyboard to a window. */
+    void activate(QWidget * widget);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void click(int row, int column, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void select(int row, int column, int lastRow, int lastColumn);
@@ -55,10 +57,13 @@ protected:
     Workbench & window() { return *m_window; }
     TableView & view() const;
     bool open(std::string const & file);
+    /** Opens a window in place of the one before. */
+    void openWindow();
     /** Closes the window for good. */
     void dropWindow() { m_window.reset(); }
 
     ScratchDirectory scratch;
+    ScratchDirectory home; ///< where settings are
 
 private:
     std::unique_ptr<Workbench> m_window;
