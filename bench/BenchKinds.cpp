@@ -56,23 +56,23 @@ std::vector<std::string> const & paths()
 }
 
 /** The sum of the numbers of the kinds. */
-unsigned expected()
+int expected()
 {
-    unsigned sum = 0;
+    int sum = 0;
     for (unsigned i = 0; i < count; ++i) {
         sum += extensions[i % std::size(extensions)].type;
     }
     return sum;
 }
 
-std::unordered_map<std::string, unsigned> const & table()
+std::unordered_map<std::string, int> const & table()
 {
-    static std::unordered_map<std::string, unsigned> const made = [] {
-        std::unordered_map<std::string, unsigned> result;
+    static std::unordered_map<std::string, int> const made = [] {
+        std::unordered_map<std::string, int> result;
         for (int type = 0; type <= ZyFileType::Zip; ++type) {
             for (ZyString const & extension :
                  ZyFileType(static_cast<ZyFileType::Type>(type)).extensions().std_deque()) {
-                result.emplace(extension.toStdString(), static_cast<unsigned>(type));
+                result.emplace(extension.toStdString(), type);
             }
         }
         return result;
@@ -80,7 +80,7 @@ std::unordered_map<std::string, unsigned> const & table()
     return made;
 }
 
-unsigned byTable(std::string const & path)
+int byTable(std::string const & path)
 {
     std::size_t const slash = path.find_last_of("/\\");
     std::size_t const dot = path.rfind('.');
@@ -106,7 +106,7 @@ void registerBenchmarks()
         names.push_back(QFileInfo(QString::fromStdString(path)).fileName());
     }
     addLoop("file-kind/ours", count, [made] {
-        unsigned sum = 0;
+        int sum = 0;
         for (ZyFilePath const & path : made) {
             sum += ZyFileType::ToType(path);
         }
@@ -114,7 +114,7 @@ void registerBenchmarks()
         return sum;
     });
     addLoop("file-kind/ours-from-text", count, [] {
-        unsigned sum = 0;
+        int sum = 0;
         for (std::string const & path : paths()) {
             sum += ZyFileType::ToType(ZyFilePath(path));
         }
@@ -122,7 +122,7 @@ void registerBenchmarks()
         return sum;
     });
     addLoop("file-kind/unordered_map", count, [] {
-        unsigned sum = 0;
+        int sum = 0;
         for (std::string const & path : paths()) {
             sum += byTable(path);
         }
