@@ -103,7 +103,7 @@ void Workbench::tell(QString const & text)
 
 void Workbench::fail(QString const & text)
 {
-    statusBar()->setStyleSheet(QStringLiteral("color: #b00020"));
+    statusBar()->setStyleSheet(QStringLiteral("QStatusBar { color: #b00020 }"));
     statusBar()->showMessage(text);
     m_log->appendLine(text);
 }

@@ -3,6 +3,7 @@
 
 #include "TableFile.h"
 
+#include "Restricted.h"
 #include "ScratchDirectory.h"
 #include "TableError.h"
 #include "ThrowsMessage.h"
@@ -12,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 
 namespace
@@ -136,6 +138,24 @@ TEST_F(TableFile, DirectoryInTheWayIsLeftAlone)
     EXPECT_ZY_THROW(saveTable(name(target), {blankRow(2)}), TableError,
                     target + ": Unable to open file for writing");
     EXPECT_TRUE(std::filesystem::is_directory(target));
+}
+
+TEST_F(TableFile, ReadOnlyDirectoryKeepsTheOldFile)
+{
+    std::string const file = scratch.write("kept.csv", "old\n");
+    std::filesystem::permissions(scratch.path(), std::filesystem::perms(0555));
+    auto const save = [&file] {
+        Restricted::dropRights(); // root may write everywhere
+        try {
+            saveTable(name(file), {blankRow(2)});
+        } catch (TableError const & failure) {
+            std::_Exit(failure.message().toStdString() == file + ": Unable to open file for writing" ? 0 : 1);
+        }
+        std::_Exit(2);
+    };
+    EXPECT_EXIT(save(), testing::ExitedWithCode(0), "");
+    std::filesystem::permissions(scratch.path(), std::filesystem::perms(0755));
+    EXPECT_EQ(scratch.read("kept.csv"), "old\n");
 }
 
 TEST_F(TableFile, TextThatWouldNotComeBackIsNotSaved)
