@@ -17,9 +17,10 @@
  *
  * A failure of the system is a ZyFileException with the words and paths of the standard library, except at
  * IsDirectory(), which lets the standard std::filesystem::filesystem_error out. A path that holds a NUL is
- * refused everywhere with ZyInvalidPathException.
+ * refused everywhere with ZyInvalidPathException. Only OpenDirectory() and OpenFile() tell of no failure at
+ * all.
  *
- * \threads any
+ * \threads any, where nothing else is said
  */
 class ZYCORE_EXPORT ZyFileSystem
 {
