@@ -3,19 +3,20 @@
 # Installs what is missing of the Debian packages that a purpose needs, and says what it installs.
 # Asks the package database first: when nothing is missing it neither needs the network nor a password.
 #
-#   scripts/install-dependencies.sh [demo|test|ci] [--list]
+#   scripts/install-dependencies.sh [demo|test|ci|windows] [--list]
 #
 # demo  what building the library and the example hosts needs
 # test  the same, and what building and running the tests needs
 # ci    the same, and the linters, the documentation and the benchmarks
+# windows  as test, and what building for Windows and running the tests under Wine needs
 # --list prints the packages and installs nothing.
 set -euo pipefail
 
 purpose=${1:-test}
 case $purpose in
-demo | test | ci) ;;
+demo | test | ci | windows) ;;
 *)
-    sed -n '3,11s/^# \{0,1\}//p' "$0" >&2
+    sed -n '3,12s/^# \{0,1\}//p' "$0" >&2
     exit 2
     ;;
 esac
@@ -35,6 +36,9 @@ if [ "$purpose" != demo ]; then
     # Other languages and other clocks.
     packages+=(locales tzdata)
     locales+=(tr_TR de_DE)
+fi
+if [ "$purpose" = windows ]; then
+    packages+=(g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix libz-mingw-w64-dev wine wine64)
 fi
 if [ "$purpose" = ci ]; then
     packages+=(clang-format clang-tidy libclang-rt-14-dev doxygen graphviz libbenchmark-dev git util-linux)

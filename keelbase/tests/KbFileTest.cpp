@@ -21,10 +21,7 @@ protected:
     FopenSUtf8() : m_directory(fs::u8path(sp_GetTempFile().c_str())) { fs::create_directory(m_directory); }
     ~FopenSUtf8() override { fs::remove_all(m_directory); }
 
-    std::string path(std::string const & name) const
-    {
-        return (m_directory / fs::u8path(name)).u8string();
-    }
+    std::string path(std::string const & name) const { return (m_directory / fs::u8path(name)).u8string(); }
     std::string read(std::string const & name) const
     {
         std::ifstream file(m_directory / fs::u8path(name), std::ios::binary);

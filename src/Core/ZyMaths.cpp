@@ -11,6 +11,11 @@
 #include <limits>
 #include <random>
 
+// Hosts may hand the constants on by reference. Not every compiler puts one into a library of Windows unless
+// it is used there.
+extern double const * const zyMathsConstants[];
+double const * const zyMathsConstants[] = {&ZyMaths::PI, &ZyMaths::PI_2};
+
 bool ZyMaths::Double::Equal(double const & a, double const & b)
 {
     return Equal(a, b, std::numeric_limits<double>::epsilon(), 10);

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
 #include <string>
 
 class ReportPages
@@ -36,7 +38,8 @@ private:
     std::string read(bool built)
     {
         EXPECT_TRUE(built);
-        return folder.read("page.html");
+        std::ifstream page(folder.path() / "page.html"); // as a text, whose lines end as the system wants it
+        return std::string(std::istreambuf_iterator<char>(page), std::istreambuf_iterator<char>());
     }
 };
 

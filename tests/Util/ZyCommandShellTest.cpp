@@ -120,6 +120,10 @@ protected:
 
 #if !ZY_ADDRESS_SANITIZER && !ZY_THREAD_SANITIZER
 
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic ignored "-Wmismatched-new-delete" // new is not inlined, delete is
+#endif
+
 void * operator new(std::size_t size)
 {
     if (allocations.isCounting) {

@@ -593,7 +593,7 @@ TEST_F(ZyXMLDomDocuments, SaveOverTheFileTheyWereLoadedFrom)
 
 TEST_F(ZyXMLDomDocuments, TakePathsWithBackslashesAndOtherLetters)
 {
-    std::filesystem::create_directory(directory / "sub \xc3\xa4");
+    std::filesystem::create_directory(std::filesystem::u8path(directory / "sub \xc3\xa4"));
     ZyFilePath const place(directory.path().string() + "\\sub \xc3\xa4\\\xe2\x82\xac.xml");
     documentOf("<a/>").save(place, ZyXMLDomDocument::Compact);
     EXPECT_EQ(directory.read("sub \xc3\xa4/\xe2\x82\xac.xml"), "<a/>");
