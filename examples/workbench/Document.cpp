@@ -145,7 +145,7 @@ void Document::sort(int column, bool ascending)
 
 void Document::clear(QRect const & area)
 {
-    int const cells = area.width() * area.height();
+    long long const cells = 1LL * area.width() * area.height();
     auto clearing = gesture(cells == 1 ? QStringLiteral("Clear %1").arg(cellName(area.top(), area.left()))
                                        : QStringLiteral("Clear %1 cells").arg(cells));
     for (int row = area.top(); row <= area.bottom(); ++row) {

@@ -21,10 +21,12 @@
 /** What an export needs, kept alive by its thread. */
 struct Exporter::Job
 {
-    Job(ZyDataTable const & shown, QString name)
-        : table(shown), rows(std::max(1U, shown.numberSpreadsheetRows())), file(std::move(name))
+    Job(quint64 count, ZyDataTable const & shown, QString name)
+        : number(count), table(shown), rows(std::max(1U, shown.numberSpreadsheetRows())),
+          file(std::move(name))
     {}
 
+    quint64 number;
     ZyDataTable table;
     unsigned int rows;
     QString file;
@@ -68,10 +70,15 @@ void Exporter::Job::onRow(unsigned int row)
     }
 }
 
+Exporter::Exporter(QObject * parent) : QObject(parent)
+{
+    connect(this, &Exporter::runEnded, this, &Exporter::finish, Qt::QueuedConnection);
+}
+
 Exporter::~Exporter()
 {
     stop();
-    for (JobPtr const & job : m_jobs) {
+    for (auto const & [number, job] : m_jobs) {
         job->ended.wait([](bool const & ended) { return ended; });
         job->subscription.reset();
     }
@@ -79,44 +86,41 @@ Exporter::~Exporter()
 
 void Exporter::stop()
 {
-    for (JobPtr const & job : m_jobs) {
+    for (auto const & [number, job] : m_jobs) {
         job->stopped = true;
     }
 }
 
 void Exporter::start(ZyDataTable const & table, QString const & file)
 {
-    JobPtr const job = std::make_shared<Job>(table, file);
-    job->report = [this, file](int percent) {
-        QMetaObject::invokeMethod(
-            this, [this, file, percent] { Q_EMIT progressed(file, percent); }, Qt::QueuedConnection);
-    };
+    JobPtr const job = std::make_shared<Job>(++m_last, table, file);
+    job->report = [this, file](int percent) { Q_EMIT progressed(file, percent); };
     ZySharedPtr<ZyAsyncThread> const thread = ZyAsyncThread::Create([job] { job->write(); });
     job->subscription = thread->createCallback(
         [this, job](ZyAsyncThread::Status const & status, ZySharedPtr<ZyAsyncThread> const & run) {
             if (status == ZyAsyncThread::Finished || status == ZyAsyncThread::Failed) {
-                post(job, status == ZyAsyncThread::Failed ? run->error().toQString() : QString());
+                tellEnd(*job, status == ZyAsyncThread::Failed ? run->error().toQString() : QString());
             }
         });
-    m_jobs.push_back(job);
+    m_jobs.emplace(job->number, job);
     try {
         thread->run();
     } catch (std::exception const & failure) { // no thread is left: there will be no event
-        post(job, QString::fromUtf8(failure.what()));
+        tellEnd(*job, QString::fromUtf8(failure.what()));
     }
 }
 
 // The destructor waits for the last line: until then this object is there.
-void Exporter::post(JobPtr const & job, QString const & failure)
+void Exporter::tellEnd(Job & job, QString const & failure)
 {
-    QMetaObject::invokeMethod(
-        this, [this, job, failure] { finish(job, failure); }, Qt::QueuedConnection);
-    job->ended.set(true);
+    Q_EMIT runEnded(job.number, failure);
+    job.ended.set(true);
 }
 
-void Exporter::finish(JobPtr const & job, QString const & failure)
+void Exporter::finish(quint64 number, QString const & failure)
 {
+    JobPtr const job = m_jobs.at(number);
     job->subscription.reset(); // which holds the job
-    m_jobs.erase(std::find(m_jobs.begin(), m_jobs.end(), job));
+    m_jobs.erase(number);
     Q_EMIT ended(job->file, failure);
 }

@@ -7,21 +7,22 @@
 #include <QObject>
 #include <QString>
 
+#include <map>
 #include <memory>
-#include <vector>
 
 /**
  * Writes workbooks (.xlsx) and XML sheets (any other name) while the user goes on working.
  *
- * Signals come in the thread of this object. A file appears whole or not at all. When the object goes, what
- * is under way is given up: it waits for the threads and not for the files.
+ * Signals reach receivers in the thread of this object, where their connections are automatic. A file appears
+ * whole or not at all. When the object goes, what is under way is given up: it waits for the threads and not
+ * for the files.
  */
 class Exporter : public QObject
 {
     Q_OBJECT
 
 public:
-    using QObject::QObject;
+    explicit Exporter(QObject * parent = nullptr);
     ~Exporter() override;
 
     /** Begins an export. \param table a copy; its cells must not change any more */
@@ -35,12 +36,16 @@ Q_SIGNALS:
     /** \param failure empty when all is well */
     void ended(QString const & file, QString const & failure);
 
+    /** Of the thread of a run, for this object. */
+    void runEnded(quint64 number, QString const & failure);
+
 private:
     struct Job;
     using JobPtr = std::shared_ptr<Job>;
 
-    void post(JobPtr const & job, QString const & failure);
-    void finish(JobPtr const & job, QString const & failure);
+    void tellEnd(Job & job, QString const & failure);
+    void finish(quint64 number, QString const & failure);
 
-    std::vector<JobPtr> m_jobs;
+    std::map<quint64, JobPtr> m_jobs;
+    quint64 m_last = 0;
 };

@@ -5,11 +5,12 @@
 
 #include <TandobleException.h>
 #include <keelbase/KbHost.h>
+#include <keelbase/KbShell.h>
 
 #include <algorithm>
-#include <atomic>
 #include <cstdio>
 #include <iterator>
+#include <string>
 #include <utility>
 
 namespace
@@ -17,32 +18,37 @@ namespace
 
 constexpr char const * slotName = "widgets_GetShellInterface";
 
-std::atomic<HostShell *> current{nullptr};
 thread_local unsigned int asked = 0;
 
 /** Lets the output of commands arrive where everything else is printed. */
 class LogHandler : public MessageHandler
 {
 public:
-    explicit LogHandler(std::shared_ptr<LogRelay> relay) : m_relay(std::move(relay)) {}
+    explicit LogHandler(std::shared_ptr<CommandRelay> relay) : m_relay(std::move(relay)) {}
     void message(YString const & text) override { Q_EMIT m_relay->printed(QString::fromUtf8(text.c_str())); }
 
 private:
-    std::shared_ptr<LogRelay> m_relay;
+    std::shared_ptr<CommandRelay> m_relay;
 };
 
 // What a host tells a library that has sent a command: the library prints it.
-[[noreturn]] void fail(std::string const & reason)
+TandobleException failureOf(std::string const & reason)
 {
     TandobleException failure;
     std::snprintf(failure.message, sizeof failure.message, "%s", reason.c_str());
-    throw failure;
+    return failure;
+}
+
+[[noreturn]] void fail(std::string const & reason)
+{
+    throw failureOf(reason);
 }
 
 // A true fault of the processor, to be seen and survived.
+int volatile * volatile nowhere = nullptr;
+
 [[noreturn]] void fault()
 {
-    int volatile * volatile nowhere = nullptr;
     *nowhere = 1;
     fail("the fault did not happen");
 }
@@ -86,36 +92,39 @@ bool isOpen(std::string const & name)
     return std::find(std::begin(names), std::end(names), name) != std::end(names);
 }
 
-} // namespace
-
-HostShell::HostShell(QObject * parent) : QObject(parent), m_relay(std::make_shared<LogRelay>())
+/** The interpreter lives on: a thread may be in the middle of a command when the window goes. */
+class Interpreter final : public ShellInterface
 {
-    connect(m_relay.get(), &LogRelay::printed, this, &HostShell::printed, Qt::QueuedConnection);
-    kb::SetOutput([relay = m_relay](char const *, char const * text, std::size_t size) {
-        Q_EMIT relay->printed(QString::fromUtf8(text, int(size)));
-    });
-    current = this;
-    kb::OfferFunction(slotName, reinterpret_cast<kb::Function>(&HostShell::Interface));
-}
+public:
+    static Interpreter & Get()
+    {
+        static Interpreter interpreter;
+        return interpreter;
+    }
 
-HostShell::~HostShell()
-{
-    kb::WithdrawFunction(slotName);
-    kb::SetOutput({});
-    current = nullptr;
-}
+    void setRelay(std::shared_ptr<CommandRelay> const & relay) { std::atomic_store(&m_relay, relay); }
 
-ShellInterface * HostShell::Interface()
-{
-    return current;
-}
+    int execute(char const * command, void * context, CommandOptions & options) override;
+    void currentHandler(MessageHandlerRef & holder) override
+    {
+        holder = std::make_shared<LogHandler>(relay());
+    }
 
-unsigned int HostShell::filesAskedFor()
-{
-    return asked;
-}
+private:
+    std::shared_ptr<CommandRelay> relay() const
+    {
+        std::shared_ptr<CommandRelay> relay = std::atomic_load(&m_relay);
+        if (!relay) {
+            fail("The window has been closed");
+        }
+        return relay;
+    }
+    void open(std::string const & argument) const;
 
-int HostShell::execute(char const * command, void *, CommandOptions & options)
+    std::shared_ptr<CommandRelay> m_relay;
+};
+
+int Interpreter::execute(char const * command, void *, CommandOptions & options)
 {
     std::string const text = command;
     std::size_t const blank = text.find(' ');
@@ -133,17 +142,43 @@ int HostShell::execute(char const * command, void *, CommandOptions & options)
     return 0;
 }
 
-void HostShell::open(std::string const & argument)
+void Interpreter::open(std::string const & argument) const
 {
     std::string const path = pathIn(argument);
     if (path.empty()) {
         fail("open: which file?");
     }
     ++asked;
-    Q_EMIT openRequested(QString::fromStdString(path));
+    Q_EMIT relay()->openRequested(QString::fromStdString(path));
 }
 
-void HostShell::currentHandler(MessageHandlerRef & holder)
+ShellInterface * shell()
 {
-    holder = std::make_shared<LogHandler>(m_relay);
+    return &Interpreter::Get();
+}
+
+} // namespace
+
+HostShell::HostShell(QObject * parent) : QObject(parent), m_relay(std::make_shared<CommandRelay>())
+{
+    connect(m_relay.get(), &CommandRelay::printed, this, &HostShell::printed, Qt::QueuedConnection);
+    connect(m_relay.get(), &CommandRelay::openRequested, this, &HostShell::openRequested,
+            Qt::QueuedConnection);
+    Interpreter::Get().setRelay(m_relay);
+    kb::SetOutput([relay = m_relay](char const *, char const * text, std::size_t size) {
+        Q_EMIT relay->printed(QString::fromUtf8(text, int(size)));
+    });
+    kb::OfferFunction(slotName, reinterpret_cast<kb::Function>(&shell));
+}
+
+HostShell::~HostShell()
+{
+    kb::WithdrawFunction(slotName);
+    kb::SetOutput({});
+    Interpreter::Get().setRelay(nullptr);
+}
+
+unsigned int HostShell::FilesAskedFor()
+{
+    return asked;
 }

@@ -46,7 +46,11 @@ void TableView::goTo(int row, int column)
     int const lastRow = m_model.rowCount() - 1;
     int const lastColumn = m_model.columnCount() - 1;
     if (lastRow >= 0 && lastColumn >= 0) {
-        setCurrentIndex(m_model.index(std::clamp(row, 0, lastRow), std::clamp(column, 0, lastColumn)));
+        QModelIndex const index =
+            m_model.index(std::clamp(row, 0, lastRow), std::clamp(column, 0, lastColumn));
+        // Not setCurrentIndex(): with the control key of a shortcut down, that adds to the selection.
+        selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+        scrollTo(index);
     }
 }
 

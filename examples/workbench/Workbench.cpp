@@ -65,7 +65,7 @@ void Workbench::connectParts()
             QStringLiteral("Exporting %1: %2 %").arg(QFileInfo(file).fileName()).arg(percent));
     });
     connect(&m_shell, &HostShell::printed, m_log, &LogPanel::append);
-    connect(&m_shell, &HostShell::openRequested, this, &Workbench::showLines, Qt::QueuedConnection);
+    connect(&m_shell, &HostShell::openRequested, this, &Workbench::showLines);
     connect(m_log, &LogPanel::commandEntered, this, &Workbench::runCommand);
 }
 

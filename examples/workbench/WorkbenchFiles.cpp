@@ -30,9 +30,9 @@ bool Workbench::openFile(QString const & file)
 // The library knows what a host does with its kinds of file, and sends this program the command for it.
 bool Workbench::askHost(QString const & file)
 {
-    unsigned int const before = HostShell::filesAskedFor();
+    unsigned int const before = HostShell::FilesAskedFor();
     ZyFileSystem::OpenFile(ZyFilePath(ZyString(file)));
-    if (HostShell::filesAskedFor() == before) {
+    if (HostShell::FilesAskedFor() == before) {
         fail(QStringLiteral("%1: is nothing that can be opened here").arg(file));
         return false;
     }
@@ -136,6 +136,7 @@ void Workbench::exportEnded(QString const & file, QString const & failure)
         fail(QStringLiteral("Not exported: ") + failure);
     }
     if (m_closeWhenExported && !m_exporter.isBusy()) {
+        m_closeWhenExported = false; // the user may have gone on: ask again
         close();
     }
 }

@@ -3,8 +3,9 @@
 
 #include "WindowTest.h"
 
+#include <QDialog>
 #include <QDir>
-#include <QFile>
+#include <QTest>
 
 #include <filesystem>
 #include <string>
@@ -106,4 +107,24 @@ TEST_F(Exporting, ClosingWaitsForTheExport)
     EXPECT_TRUE(waitUntil([&] { return !window().isVisible(); }));
     EXPECT_EQ(scratch.read("out.xlsx").substr(0, 2), "PK");
     EXPECT_EQ(filesInScratch(), 2);
+}
+
+TEST_F(Exporting, ClosingTwiceGivesTheExportUp)
+{
+    EXPECT_TRUE(nameFile(askForSheet, scratch / "out.xml"));
+    window().close();
+    window().close();
+    EXPECT_TRUE(waitUntil([&] { return !window().isVisible(); }));
+    EXPECT_EQ(filesInScratch(), scratch.has("out.xml") ? 2 : 1);
+}
+
+TEST_F(Exporting, ClosingAsksForWhatHasBeenTypedWhileItWaited)
+{
+    EXPECT_TRUE(nameFile(askForWorkbook, scratch / "out.xlsx"));
+    window().close();
+    window().attempt([](Document & document) { document.edit(0, 0, QStringLiteral("later")); });
+    EXPECT_TRUE(inDialog([this] { waitUntil([this] { return logHas("Exported "); }); },
+                         [](QDialog * dialog) { QTest::keyClick(dialog, Qt::Key_Escape); }));
+    EXPECT_TRUE(window().isVisible());
+    EXPECT_EQ(cell(0, 0), "later");
 }

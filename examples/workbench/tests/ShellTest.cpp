@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QTest>
 
+#include <atomic>
 #include <thread>
 
 namespace
@@ -98,6 +99,20 @@ TEST_F(Shell, UnknownCommandIsTold)
     EXPECT_TRUE(waitUntil([&] { return logHas("Unknown command: nonsense {'%s'}\n"); })) << log();
     command(QStringLiteral("open"));
     EXPECT_TRUE(waitUntil([&] { return logHas("open: which file?\n"); })) << log();
+}
+
+TEST_F(Shell, CommandsOfOtherThreadsOutliveTheWindow)
+{
+    std::atomic<bool> stop{false};
+    std::thread worker([&stop] {
+        while (!stop) {
+            ZyCommandShell::RunCommand("print from a thread", true);
+        }
+    });
+    EXPECT_TRUE(waitUntil([&] { return logHas("from a thread"); }));
+    dropWindow();
+    stop = true;
+    worker.join();
 }
 
 TEST_F(Shell, WithoutTheWindowThereIsNoHost)

@@ -75,7 +75,9 @@ TEST_F(Tour, FromOpeningToExporting)
     click(7, 0);
     press(Qt::Key_I, Qt::ControlModifier);
     press(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(undoText().substr(0, 7), "&Undo P");
+    EXPECT_EQ(undoText(), "&Undo Paste 3 × 3 cells");
+    EXPECT_EQ(cell(7, 0), "C3");
+    EXPECT_EQ(cell(8, 0), "R2"); // in the row that has been inserted
 
     EXPECT_TRUE(nameFile([this] { press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier); },
                          scratch / "filter.zyt.xml"));
