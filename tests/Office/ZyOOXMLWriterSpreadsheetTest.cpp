@@ -5,6 +5,7 @@
 
 #include "RecordingDevice.h"
 #include "ReferenceSheet.h"
+#include "Sanitizers.h"
 #include "ThrowsMessage.h"
 
 #include <ZyFilePath.h>
@@ -453,7 +454,7 @@ TEST(ZyOOXMLWriterSpreadsheetLayout, WritesTwentyThousandMerges)
 
 TEST(ZyOOXMLWriterSpreadsheetMemory, DoesNotGrowWithTheRows)
 {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#if ZY_ADDRESS_SANITIZER || ZY_THREAD_SANITIZER
     GTEST_SKIP() << "sanitizers keep freed memory";
 #endif
     auto const peakKiB = [] {

@@ -2,6 +2,7 @@
 // Very many parallel problems of random size: every one ends, and none loses or repeats an item. With all
 // seeds together more than 100,000; under the sanitizers, which are slow, fewer.
 #include "CountingProblem.h"
+#include "Sanitizers.h"
 #include "Signal.h"
 
 #include <gtest/gtest.h>
@@ -12,7 +13,7 @@
 
 namespace
 {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#if ZY_ADDRESS_SANITIZER || ZY_THREAD_SANITIZER
 constexpr int problemsPerTest = 200;
 #else
 constexpr int problemsPerTest = 4200;

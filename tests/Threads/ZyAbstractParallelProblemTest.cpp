@@ -8,6 +8,7 @@
 #include "CountingProblem.h"
 #include "Environment.h"
 #include "Restricted.h"
+#include "Sanitizers.h"
 #include "Signal.h"
 #include "ThrowsMessage.h"
 #include "VirtualSlot.h"
@@ -785,7 +786,7 @@ TEST(ZyAbstractParallelProblemDeathTest, Deliberate_parallel_coordinator_fails_s
 
 TEST(ZyAbstractParallelProblemDeathTest, Deliberate_parallel_coordinator_fails_silently_but_its_workers_go_on)
 {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#if ZY_ADDRESS_SANITIZER || ZY_THREAD_SANITIZER
     GTEST_SKIP() << "The sanitizers need more memory than the test leaves.";
 #endif
     testing::FLAGS_gtest_death_test_style = "threadsafe";

@@ -2,6 +2,7 @@
 // Loader and factory on documents of any size and depth, and the shared rules under many threads.
 #include <ZyXMLLoader.h>
 
+#include "Sanitizers.h"
 #include "ThrowsMessage.h"
 #include "XmlLoad.h"
 
@@ -90,7 +91,7 @@ std::size_t residentKiB()
 
 constexpr std::size_t deep = 100000;
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#if ZY_ADDRESS_SANITIZER || ZY_THREAD_SANITIZER
 constexpr std::size_t elementCount = 1000000;
 constexpr bool memoryIsItsOwn = false; // freed blocks are kept back
 #else

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Documents of sizes that nobody would hold in memory.
+#include "Sanitizers.h"
 #include "SourceDevice.h"
 
 #include <ZyString.h>
@@ -16,7 +17,7 @@
 
 namespace
 {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#if ZY_ADDRESS_SANITIZER || ZY_THREAD_SANITIZER
 constexpr bool ownsItsMemory = false; // the sanitizer keeps what has been freed
 #else
 constexpr bool ownsItsMemory = true;

@@ -2,29 +2,10 @@
 // Code that the processor or the system objects to, one function a kind, which compilers leave as they are.
 #pragma once
 
+#include "Sanitizers.h"
+
 #include <csignal>
 #include <cstddef>
-
-#if defined(__SANITIZE_ADDRESS__)
-#define ZY_ADDRESS_SANITIZER 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define ZY_ADDRESS_SANITIZER 1
-#endif
-#endif
-#if defined(__SANITIZE_THREAD__)
-#define ZY_THREAD_SANITIZER 1
-#elif defined(__has_feature)
-#if __has_feature(thread_sanitizer)
-#define ZY_THREAD_SANITIZER 1
-#endif
-#endif
-#ifndef ZY_ADDRESS_SANITIZER
-#define ZY_ADDRESS_SANITIZER 0
-#endif
-#ifndef ZY_THREAD_SANITIZER
-#define ZY_THREAD_SANITIZER 0
-#endif
 
 /** Whether floating point arithmetic can be made to trap here. */
 #if defined(__GLIBC__) && defined(__x86_64__)
