@@ -211,9 +211,10 @@ TEST(ZyTimeDuration, AddsAndSubtracts)
     ZyTimeDuration span = Seconds{2};
     EXPECT_EQ(total(span + Milliseconds{1}), 2001000000);
     EXPECT_EQ(total(span - Milliseconds{1}), 1999000000);
-    span += span;
+    ZyTimeDuration const & same = span;
+    span += same;
     EXPECT_EQ(total(span), 4000000000);
-    span -= span;
+    span -= same;
     EXPECT_EQ(total(span), 0);
     EXPECT_EQ(&(span += Seconds{1}), &span);
     EXPECT_EQ(&(span -= Seconds{1}), &span);
