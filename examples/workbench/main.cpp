@@ -9,6 +9,8 @@
 #include <QApplication>
 #include <QTextCodec>
 
+#include <optional>
+
 namespace
 {
 
@@ -23,6 +25,13 @@ int run(Options const & options)
     return QApplication::exec();
 }
 
+// Who asks for help need not have a display.
+std::optional<Options> optionsOf(int & argc, char ** argv, int & status)
+{
+    QCoreApplication const application(argc, argv);
+    return parseOptions(QCoreApplication::arguments(), status);
+}
+
 } // namespace
 
 int main(int argc, char ** argv)
@@ -30,12 +39,8 @@ int main(int argc, char ** argv)
     // File names are UTF-8 whatever language the system speaks.
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
     makeWritesFailGently();
-    QStringList arguments;
-    for (int i = 0; i < argc; ++i) {
-        arguments << QString::fromUtf8(argv[i]);
-    }
     int status = 0;
-    auto const options = parseOptions(arguments, status); // asks for help need no display
+    auto const options = optionsOf(argc, argv, status);
     if (!options) {
         return status;
     }
