@@ -22,8 +22,11 @@ inline void saveFile(QString const & file, QByteArray const & content)
 inline void checkEnd(QString const & file, QByteArray const & end)
 {
     QFile written(file);
-    if (!written.open(QIODevice::ReadOnly) || written.size() < end.size() ||
-        !written.seek(written.size() - end.size()) || written.readAll() != end) {
+    bool isWhole =
+        written.open(QIODevice::ReadOnly) && written.seek(qMax(0LL, written.size() - 2LL * end.size()));
+    isWhole =
+        isWhole && written.readAll().replace("\r\n", "\n").endsWith(end); // lines end as the system wants it
+    if (!isWhole) {
         throw AnalysisError::At(file, QStringLiteral("not all of it could be written; is the disk full?"));
     }
 }
