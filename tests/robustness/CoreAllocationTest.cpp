@@ -153,7 +153,7 @@ public:
 };
 
 using Containers = ::testing::Types<ZyDeque<ZyString>, ZyVector<ZyString>, ZyList<ZyString>>;
-TYPED_TEST_SUITE(ContainerAllocationFailure, Containers);
+TYPED_TEST_SUITE(ContainerAllocationFailure, Containers, );
 
 TYPED_TEST(ContainerAllocationFailure, LeavesAContainerAsItWas)
 {
