@@ -45,7 +45,7 @@ protected:
             }
             runs.add(number, run);
         }
-        std::string const file = scratch / "runs.msw";
+        std::string file = scratch / "runs.msw";
         EXPECT_TRUE(sp_WriteMswFile(YString(file.c_str()), runs, header));
         return file;
     }
