@@ -3,6 +3,8 @@
 // EXPECT_EXIT.
 #pragma once
 
+#include "ChildExit.h"
+
 #include <csignal>
 #include <cstddef>
 #include <cstdlib>
@@ -65,17 +67,5 @@ inline void allowOneMoreThread()
     if (!limited) {
         std::_Exit(95);
     }
-}
-
-/** Ends the process: 0 when the check says true, 1 when false, 2 when anything is thrown. */
-template <class Check>
-[[noreturn]] void exitWith(Check && check)
-{
-    int code = 2;
-    try {
-        code = check() ? 0 : 1;
-    } catch (...) {
-    }
-    std::_Exit(code);
 }
 } // namespace Restricted

@@ -3,6 +3,8 @@
 // it are left out (tests/windows/left-out.txt), and fail where they are run all the same.
 #pragma once
 
+#include "ChildExit.h"
+
 #include <cstdlib>
 
 namespace Restricted
@@ -22,17 +24,5 @@ inline void denyThreads()
 inline void allowOneMoreThread()
 {
     std::_Exit(95);
-}
-
-/** Ends the process: 0 when the check says true, 1 when false, 2 when anything is thrown. */
-template <class Check>
-[[noreturn]] void exitWith(Check && check)
-{
-    int code = 2;
-    try {
-        code = check() ? 0 : 1;
-    } catch (...) {
-    }
-    std::_Exit(code);
 }
 } // namespace Restricted
