@@ -32,16 +32,11 @@ private:
 };
 
 // What a host tells a library that has sent a command: the library prints it.
-TandobleException failureOf(std::string const & reason)
+[[noreturn]] void fail(std::string const & reason)
 {
     TandobleException failure;
     std::snprintf(failure.message, sizeof failure.message, "%s", reason.c_str());
-    return failure;
-}
-
-[[noreturn]] void fail(std::string const & reason)
-{
-    throw failureOf(reason);
+    throw TandobleException(failure);
 }
 
 // A true fault of the processor, to be seen and survived.
