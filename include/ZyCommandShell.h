@@ -27,10 +27,10 @@ public:
      * - The host throws one of the structures of TandobleException.h: its message is printed.
      * - It faults: likewise, with the words of OsException. Where the system jumps out of the fault, what the
      *   command had under way is dropped and not unwound: locks stay held, memory is not given back.
-     * - It throws anything else: "Unhandled exception caught in module ..\src\Util\ZyCommandShell at line
-     * 83".
-     * - There is no host: "*** FATAL ERROR *** Unresolved dynamic function 'widgets_GetShellInterface'
-     * called".
+     * - It throws anything else:
+     *   "Unhandled exception caught in module ..\src\Util\ZyCommandShell at line 83".
+     * - There is no host:
+     *   "*** FATAL ERROR *** Unresolved dynamic function 'widgets_GetShellInterface' called".
      *
      * Faults of other threads are nobody's business here, and the handlers of the host for its own faults
      * stay in force.

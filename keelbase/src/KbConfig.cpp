@@ -62,8 +62,7 @@ std::shared_ptr<Snapshot const> snapshotOf(std::string && content)
     return snapshot;
 }
 
-/** Gives the configuration as it is to a function; what the function says, or false without a configuration.
- */
+/** Gives the configuration as it is to a function. \return what that says; false without a configuration */
 template <class Look>
 bool look(Look && at)
 {

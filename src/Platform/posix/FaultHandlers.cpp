@@ -164,8 +164,8 @@ void stayLoaded()
     }
 }
 
-/** The place in the row for a handler of ours that replaces \a present; the size of the row: there is none.
- */
+/** The place in the row for a handler of ours that replaces \a present; the size of the row when there is
+ * none. */
 std::size_t placeFor(struct sigaction const & present, Row & row)
 {
     std::size_t const used = row.used;
