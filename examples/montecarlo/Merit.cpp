@@ -6,6 +6,8 @@
 
 #include "Merit.h"
 
+#include "Elementary.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -17,19 +19,19 @@ constexpr double notFound = std::numeric_limits<double>::quiet_NaN();
 
 double decibels(double power)
 {
-    return 10 * std::log10(power);
+    return 10 * commonLogarithm(power);
 }
 
 } // namespace
 
 std::vector<double> frequenciesOf(Sweep const & sweep)
 {
-    double const decades = std::log10(sweep.to / sweep.from);
+    double const decades = commonLogarithm(sweep.to / sweep.from);
     int const steps = std::max(1, int(std::ceil(decades * sweep.pointsPerDecade - 1e-9)));
     std::vector<double> frequencies;
     frequencies.reserve(static_cast<std::size_t>(steps) + 1);
     for (int i = 0; i < steps; ++i) {
-        frequencies.push_back(sweep.from * std::pow(10.0, decades * i / steps));
+        frequencies.push_back(sweep.from * powerOfTen(decades * i / steps));
     }
     frequencies.push_back(sweep.to);
     return frequencies;
@@ -130,7 +132,7 @@ double Response::resonanceQ(double reference)
             double const resonance =
                 root([&](double frequency) { return inPhase(m_network.transfer(frequency)); },
                      m_frequencies[i - 1], m_frequencies[i]);
-            return std::abs(m_network.transfer(resonance)) / std::abs(passed);
+            return std::sqrt(powerAt(resonance) / std::norm(passed));
         }
     }
     return notFound;
@@ -156,26 +158,26 @@ double Response::extreme(std::size_t place, double sign, bool wantsFrequency)
         return wantsFrequency ? notFound : m_powers[place];
     }
     double const section = (std::sqrt(5.0) - 1) / 2;
-    double low = std::log(m_frequencies[place - 1]);
-    double high = std::log(m_frequencies[place + 1]);
+    double low = naturalLogarithm(m_frequencies[place - 1]);
+    double high = naturalLogarithm(m_frequencies[place + 1]);
     double left = high - section * (high - low);
     double right = low + section * (high - low);
-    double leftPower = sign * powerAt(std::exp(left));
-    double rightPower = sign * powerAt(std::exp(right));
+    double leftPower = sign * powerAt(exponential(left));
+    double rightPower = sign * powerAt(exponential(right));
     while (high - low > 1e-9) {
         if (leftPower < rightPower) {
             high = right;
             right = left;
             rightPower = leftPower;
             left = high - section * (high - low);
-            leftPower = sign * powerAt(std::exp(left));
+            leftPower = sign * powerAt(exponential(left));
         } else {
             low = left;
             left = right;
             leftPower = rightPower;
             right = low + section * (high - low);
-            rightPower = sign * powerAt(std::exp(right));
+            rightPower = sign * powerAt(exponential(right));
         }
     }
-    return wantsFrequency ? std::exp((low + high) / 2) : sign * std::min(leftPower, rightPower);
+    return wantsFrequency ? exponential((low + high) / 2) : sign * std::min(leftPower, rightPower);
 }

@@ -4,6 +4,7 @@
 #include "Plan.h"
 
 #include "AnalysisError.h"
+#include "Elementary.h"
 
 #include <algorithm>
 #include <cmath>
@@ -25,7 +26,7 @@ std::uint64_t mixed(std::uint64_t number)
     return number ^ (number >> 31);
 }
 
-/** Draws that are the same with every standard library, whose own distributions are not. */
+/** Draws that are the same on every system; the distributions of the standard libraries are not. */
 class Draw
 {
 public:
@@ -45,8 +46,8 @@ private:
     double gauss()
     {
         for (;;) {
-            double const radius = std::sqrt(-2 * std::log(1 - unit()));
-            double const value = radius * std::cos(6.283185307179586 * unit()) / 3;
+            double const radius = std::sqrt(-2 * naturalLogarithm(1 - unit()));
+            double const value = radius * cosineOfTurns(unit()) / 3;
             if (std::abs(value) <= 1) {
                 return value;
             }

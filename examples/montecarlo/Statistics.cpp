@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace
 {
@@ -22,13 +23,18 @@ void include(Spread & spread, double value, int number)
     spread.values.add(value);
 }
 
-double sumOf(std::vector<double> const & values, double less, int power)
+double meanOf(std::vector<double> const & values)
 {
-    double sum = 0;
+    return std::accumulate(values.begin(), values.end(), 0.0) / double(values.size());
+}
+
+double deviationOf(std::vector<double> const & values, double mean)
+{
+    double squares = 0;
     for (double const value : values) {
-        sum += std::pow(value - less, power);
+        squares += (value - mean) * (value - mean);
     }
-    return sum;
+    return std::sqrt(squares / double(values.size() - 1));
 }
 
 } // namespace
@@ -49,8 +55,8 @@ Spread spreadOf(Results const & results, std::size_t merit)
     }
     auto const & values = spread.values.std_vector();
     if (values.size() > 1) {
-        spread.mean = sumOf(values, 0, 1) / double(values.size());
-        spread.deviation = std::sqrt(sumOf(values, spread.mean, 2) / double(values.size() - 1));
+        spread.mean = meanOf(values);
+        spread.deviation = deviationOf(values, spread.mean);
     } else {
         spread.mean = spread.nominal;
     }
