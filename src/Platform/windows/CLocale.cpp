@@ -6,11 +6,11 @@
 #include <stdlib.h>
 
 #ifdef __MINGW32__
+#include <algorithm>
 #include <cctype>
 #include <charconv>
 #include <cstring>
 #include <limits>
-#include <string_view>
 #endif
 
 namespace
@@ -41,9 +41,7 @@ double hexadecimal(char const * digits, char ** end)
     auto const result = std::from_chars(digits, last, value, std::chars_format::hex);
     *end = const_cast<char *>(result.ptr);
     if (result.ec == std::errc::result_out_of_range) {
-        bool const isSmall =
-            std::string_view(digits, static_cast<std::size_t>(result.ptr - digits)).find("-") !=
-            std::string_view::npos;
+        bool const isSmall = std::find(digits, result.ptr, '-') != result.ptr;
         return isSmall ? 0.0 : std::numeric_limits<double>::infinity();
     }
     return value;

@@ -196,9 +196,9 @@ EXCEPTION_DISPOSITION zyFaultFenceHandler(EXCEPTION_RECORD * record, void * fram
     if (!isFault(*record)) {
         return ExceptionContinueSearch;
     }
-    LastFault * last = nullptr;
+    void * last = nullptr;
     std::memcpy(&last, static_cast<char *>(frame) + 40, sizeof last);
-    last->take(*record, *context);
+    static_cast<LastFault *>(last)->take(*record, *context);
     void * landing = nullptr;
     char const * const address = zyFaultFenceLanding;
     std::memcpy(&landing, &address, sizeof landing);
