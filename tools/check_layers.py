@@ -3,8 +3,8 @@
 """Checks that every source stem includes only what tools/layers.txt allows it.
 
 Complains about: a stem that is not listed or not there, an include of the same level outside the knot or of a higher level, the
-tests' side of the support library in the library itself, and system headers or system macros outside the platform
-folder. Levels cannot form a cycle; within a knot cycles are what the knot is for.
+tests' side of the support library in the library itself, system headers outside the platform folder, and questions which
+system it is anywhere but there, in the support library and in the headers with the export macros. Levels cannot form a cycle; within a knot cycles are what the knot is for.
 """
 import re
 import sys
@@ -14,6 +14,7 @@ INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]([^>"]+)[>"]')
 SYSTEM_HEADER = re.compile(r'^(windows\.h|winsock2?\.h|unistd\.h|fcntl\.h|dlfcn\.h|pthread\.h|io\.h|direct\.h|sys/.*)$', re.I)
 SYSTEM_MACRO = re.compile(r'^\s*#\s*(if|ifdef|ifndef|elif)\b.*\b(_WIN32|_WIN64|__linux__|__unix__|__APPLE__|Q_OS_\w+)\b')
 SYSTEM_PLACES = ('src/Platform/', 'include/ZyExport.h')
+MACRO_PLACES = (*SYSTEM_PLACES, 'keelbase/src/', 'keelbase/include/keelbase/KbExport.h')
 
 
 def stem_of(name):
@@ -57,8 +58,6 @@ def check_file(root, path, layers, own):
         yield f'{where}: {user} is not listed in tools/layers.txt'
         return
     for number, line in enumerate(path.read_text().splitlines(), 1):
-        if SYSTEM_MACRO.match(line) and not where.startswith(SYSTEM_PLACES):
-            yield f'{where}:{number}: asks which system it is; that belongs into src/Platform'
         found = INCLUDE.match(line)
         if not found:
             continue
@@ -77,11 +76,24 @@ def check_file(root, path, layers, own):
                    f'(level {layers[used][0]})')
 
 
+def sources(root, *folders):
+    return [path for folder in folders for path in sorted((root / folder).rglob('*')) if path.suffix in ('.h', '.cpp')]
+
+
+def check_macros(root):
+    """One source for all systems; where they differ there is a file for each."""
+    for path in sources(root, 'include', 'src', 'keelbase', 'tests', 'examples', 'bench', 'fuzz', 'docs'):
+        where = path.relative_to(root).as_posix()
+        if where.startswith(MACRO_PLACES):
+            continue
+        for number, line in enumerate(path.read_text().splitlines(), 1):
+            if SYSTEM_MACRO.match(line):
+                yield f'{where}:{number}: asks which system it is; that belongs into src/Platform'
+
+
 def check_keelbase(root):
     """The support library stands below: it sees neither this library nor Qt."""
-    for path in sorted((root / 'keelbase').rglob('*.[hc]*')):
-        if path.suffix not in ('.h', '.cpp'):
-            continue
+    for path in sources(root, 'keelbase'):
         for number, line in enumerate(path.read_text().splitlines(), 1):
             found = INCLUDE.match(line)
             if found and re.match(r'(Zy|Q[A-Z]|Qt)', Path(found.group(1)).name):
@@ -91,13 +103,13 @@ def check_keelbase(root):
 def main():
     root = Path(sys.argv[1] if len(sys.argv) > 1 else Path(__file__).parent.parent).resolve()
     layers = read_layers(root / 'tools' / 'layers.txt')
-    files = [path for folder in ('include', 'src') for path in sorted((root / folder).rglob('*'))
-             if path.suffix in ('.h', '.cpp')]
+    files = sources(root, 'include', 'src')
     own = {path.name for path in files}
     problems = list(check_knots(layers))
     problems += [f'tools/layers.txt: there is no {stem}' for stem in sorted(set(layers) - {stem_of(path.name) for path in files})]
     for path in files:
         problems += check_file(root, path, layers, own)
+    problems += check_macros(root)
     problems += check_keelbase(root)
     for problem in problems:
         print(problem)

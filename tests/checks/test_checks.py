@@ -105,6 +105,15 @@ class Checks(unittest.TestCase):
         self.write('src/Core/ZyThing.cpp', '')
         self.write('src/Platform/posix/ZyThing.cpp', '#include <unistd.h>\n')
         self.passes('check_layers')
+        for place in ('keelbase/include/keelbase/Kb.h', 'keelbase/tests/KbTest.cpp', 'tests/ZyTest.cpp', 'examples/a/main.cpp'):
+            with self.subTest(place):
+                self.write(place, '#ifndef _WIN32\n#endif\n')
+                self.finds(place + ':1', 'check_layers')
+                self.write(place, '')
+        for place in ('keelbase/include/keelbase/KbExport.h', 'keelbase/src/Kb.cpp', 'include/ZyExport.h'):
+            self.write(place, '#ifdef _WIN32\n#endif\n')
+        self.write('tools/layers.txt', (self.root / 'tools/layers.txt').read_text() + '0 ZyExport\n')
+        self.passes('check_layers')
         self.write('keelbase/src/Kb.cpp', '#include <QString>\n')
         self.finds('keelbase/src/Kb.cpp:1', 'check_layers')
 

@@ -3,7 +3,7 @@
 // it.
 #pragma once
 
-#include <keelbase/KbTypes.h>
+#include <keelbase/KbExport.h>
 
 #include <cstddef>
 #include <functional>

@@ -2,6 +2,7 @@
 // The suite's formatted output.
 #pragma once
 
+#include <keelbase/KbExport.h>
 #include <keelbase/KbTypes.h>
 
 /**

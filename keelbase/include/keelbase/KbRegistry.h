@@ -2,7 +2,7 @@
 // What libraries register while they are loaded.
 #pragma once
 
-#include <keelbase/KbTypes.h>
+#include <keelbase/KbExport.h>
 
 /**
  * Registers a slot for a function of the host while it lives; a static object of the library that has the

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <keelbase/KbConfig.h>
+#include <keelbase/KbExport.h>
 #include <keelbase/KbPrintf.h>
 #include <keelbase/KbRegistry.h>
 #include <keelbase/KbShell.h>

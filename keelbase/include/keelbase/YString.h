@@ -3,6 +3,7 @@
 // characters.
 #pragma once
 
+#include <keelbase/KbExport.h>
 #include <keelbase/KbTypes.h>
 
 #include <string>
