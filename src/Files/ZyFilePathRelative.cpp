@@ -12,6 +12,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <algorithm>
 #include <string_view>
 
 namespace
@@ -21,6 +22,15 @@ QLatin1Char const slash('/');
 QString slashed(std::string_view text)
 {
     return QString::fromUtf8(text.data(), static_cast<int>(text.size())).replace(QLatin1Char('\\'), slash);
+}
+
+// Without dots and doubled slashes. One slash goes in front of what stands behind a root: two would be the
+// beginning of the name of a server to Qt on the home platform, and it resolves nothing in those.
+QString cleanedBehindRoot(QString const & path)
+{
+    auto const isNoSlash = [](QChar sign) { return sign != slash; };
+    auto const first = std::find_if(path.begin(), path.end(), isNoSlash);
+    return QDir::cleanPath(slash + path.mid(static_cast<int>(first - path.begin())));
 }
 
 // What stands behind the root when `path`, which has none, is seen from `directory`.
@@ -39,18 +49,14 @@ QString behindRoot(QString const & directory, QString const & path, QString cons
 
 QString resolved(QString const & directory, QString const & path, QString const & root)
 {
-    QString rest = behindRoot(directory, path, root);
-    if (!rest.startsWith(slash)) {
-        rest.prepend(slash);
-    }
-    QString const cleaned = QDir::cleanPath(rest);
+    QString const cleaned = cleanedBehindRoot(behindRoot(directory, path, root));
     bool const bareServer = cleaned == QLatin1String("/") && root.startsWith(QLatin1String("//"));
     return bareServer ? root : root + cleaned;
 }
 
 QStringList segments(QString const & path, int rootSize)
 {
-    return QDir::cleanPath(slash + path.mid(rootSize)).split(slash, Qt::SkipEmptyParts);
+    return cleanedBehindRoot(path.mid(rootSize)).split(slash, Qt::SkipEmptyParts);
 }
 
 // The way between two paths with roots of one length.
