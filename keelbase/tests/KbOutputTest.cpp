@@ -290,7 +290,8 @@ TEST(Printf, AgreesWithTheLibraryOnHonestDirectives)
 TEST(Printf, PrintsAPointInEveryLocale)
 {
     std::string const before = std::setlocale(LC_NUMERIC, nullptr);
-    for (char const * locale : {"de_DE.UTF-8", "de_DE", "fr_FR.UTF-8", "ps_AF.UTF-8"}) {
+    for (char const * locale :
+         {"de_DE.UTF-8", "de_DE", "fr_FR.UTF-8", "ps_AF.UTF-8", "German_Germany.1252"}) {
         if (std::setlocale(LC_NUMERIC, locale) != nullptr) {
             EXPECT_EQ(printed("%.2f %g %s|%8.1f|", 1.5, 2.25, 3.5, 4.5), "1.50 2.25 3.5|     4.5|") << locale;
         }

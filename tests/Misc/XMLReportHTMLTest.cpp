@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // The three HTML pages, byte for byte. The pages in tests/data/Misc were made by a program of a few lines of
 // formatted output, step by step as the format is told, not by the library.
+#include "Environment.h"
 #include "PlainReport.h"
 #include "ReportPages.h"
 #include "ReportTables.h"
@@ -295,7 +296,7 @@ TEST_F(XMLReportHTML, RealNumbersOfAllBitsAreAsFormattedOutputGivesThem)
 TEST_F(XMLReportHTML, DecimalPointStaysAPointUnderEveryLocale)
 {
     std::string const former = std::setlocale(LC_ALL, nullptr);
-    if (!std::setlocale(LC_ALL, "de_DE.UTF-8")) {
+    if (!std::setlocale(LC_ALL, Environment::germanLocale)) {
         GTEST_SKIP() << "no German locale on this machine";
     }
     std::string const page = pages.monteCarlo(fourRuns(), monteCarloHeader());

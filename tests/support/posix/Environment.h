@@ -14,6 +14,9 @@ namespace Environment
 /** The variable that names the directory for temporary files. */
 constexpr char const * temporary = "TMPDIR";
 
+/** Writes numbers with a comma. */
+constexpr char const * germanLocale = "de_DE.UTF-8";
+
 /** Sets a variable, or takes it away with null. */
 inline void set(char const * name, char const * value)
 {

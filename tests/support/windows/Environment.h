@@ -11,6 +11,9 @@ namespace Environment
 /** The variable that names the directory for temporary files. */
 constexpr char const * temporary = "TMP";
 
+/** Writes numbers with a comma. */
+constexpr char const * germanLocale = "German_Germany.1252";
+
 /** Sets a variable, or takes it away with null. */
 inline void set(char const * name, char const * value)
 {
