@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: BSD-3-Clause
-# Installs what is missing, builds everything for Windows, runs the tests under Wine, and compares the files that the library and
-# its hosts write there with those that they write here. Arguments go to ctest, such as: -R files
+# Installs what is missing, builds everything for Windows, runs the tests under Wine, compares the files that the library and
+# its hosts write there with those that they write here, and tries the package. Arguments go to ctest, such as: -R files
 #
 # The libraries for Windows come from the prefix that ZYCORE_MINGW_PREFIX names; tools/windows/build-qt-mingw.sh makes one.
 set -euo pipefail
@@ -36,3 +36,4 @@ echo "Building the same programs for this system in build/dev"
 cmake --preset dev "${configure_options[@]}" --log-level=WARNING
 cmake --build build/dev --parallel "$jobs" --target zytest_writeformats zyconvert zyanalyse
 scripts/compare-systems.sh build/dev build/mingw
+scripts/check-windows-package.sh build/mingw
