@@ -2,12 +2,11 @@
 # SPDX-License-Identifier: BSD-3-Clause
 """Compiles every public header alone and included twice, warnings being errors.
 
-usage: check_headers.py ROOT STAMPS COMPILER STANDARD [--only HEADER] [--system INCLUDE_DIR...]
+usage: check_headers.py ROOT STAMPS COMPILER STANDARD [SYSTEM_INCLUDE_DIR...]
 
 STAMPS is a file that remembers what compiled, by the contents of a header and of all headers of ours behind it; only
 what has changed since is compiled again.
 """
-import argparse
 import hashlib
 import json
 import os
@@ -47,35 +46,23 @@ def keys(texts, command):
     return result
 
 
-def arguments():
-    parser = argparse.ArgumentParser()
-    parser.add_argument('root', type=Path)
-    parser.add_argument('stamps', type=Path)
-    parser.add_argument('compiler')
-    parser.add_argument('standard')
-    parser.add_argument('--only')
-    parser.add_argument('--system', nargs='*', default=[])
-    return parser.parse_args()
-
-
 def main():
-    told = arguments()
-    root, stamps, compiler, standard = told.root, told.stamps, told.compiler, told.standard
-    system = [f'-isystem{directory}' for directory in told.system if directory]
+    root, stamps = Path(sys.argv[1]), Path(sys.argv[2])
+    compiler, standard = sys.argv[3:5]
+    system = [f'-isystem{directory}' for directory in sys.argv[5:] if directory]
     places = [root / 'include', root / 'keelbase' / 'include']
     command = [compiler, f'-std={standard}', *FLAGS, *(f'-I{place}' for place in places), *system, '-x', 'c++', '-']
     texts = {path.relative_to(place).as_posix(): path.read_text() for place in places for path in sorted(place.rglob('*.h'))}
     wanted = keys(texts, command)
     known = json.loads(stamps.read_text()) if stamps.is_file() else {}
-    asked = [told.only] if told.only else list(texts)
-    changed = [name for name in asked if known.get(name) != wanted[name]]
+    changed = [name for name in texts if known.get(name) != wanted[name]]
     with ThreadPoolExecutor(os.cpu_count()) as pool:
         results = list(pool.map(lambda name: compile_alone(command, name), changed))
     failed = {name: errors for name, code, errors in results if code != 0}
-    stamps.write_text(json.dumps({name: wanted[name] for name in asked if name not in failed}))
+    stamps.write_text(json.dumps({name: key for name, key in wanted.items() if name not in failed}))
     for name, errors in failed.items():
         print(f'<{name}> does not compile alone as {standard} with {compiler}:\n{errors}')
-    print(f'{len(asked)} headers, {len(changed)} changed since they last compiled, {len(failed)} do not compile')
+    print(f'{len(texts)} headers, {len(changed)} changed since they last compiled, {len(failed)} do not compile')
     return 1 if failed or not texts else 0
 
 
