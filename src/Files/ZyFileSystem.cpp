@@ -75,7 +75,7 @@ bool ZyFileSystem::Remove(ZyFilePath const & path)
 
 bool ZyFileSystem::RemoveAll(ZyFilePath const & path)
 {
-    return translated([&] { return std::filesystem::remove_all(removable(path)) > 0; });
+    return translated([&] { return NativePath::removeTree(removable(path)); });
 }
 
 ZyFilePath ZyFileSystem::TempDirectory()

@@ -41,4 +41,13 @@ std::string textOf(std::filesystem::path const & path);
  * \throws std::filesystem::filesystem_error it cannot be made
  */
 bool createPrivateDirectory(ZyFilePath const & path);
+
+/**
+ * Removes a file, or a directory with all that is in it; of a link the link alone.
+ *
+ * \param path as standard() gives it
+ * \return false when there is no such thing
+ * \throws std::filesystem::filesystem_error something cannot be removed; what stands behind it is still there
+ */
+bool removeTree(std::filesystem::path const & path);
 } // namespace NativePath

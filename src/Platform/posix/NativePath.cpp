@@ -50,3 +50,8 @@ bool NativePath::createPrivateDirectory(ZyFilePath const & path)
     }
     throw std::filesystem::filesystem_error("cannot create directory", native, failure);
 }
+
+bool NativePath::removeTree(std::filesystem::path const & path)
+{
+    return std::filesystem::remove_all(path) > 0;
+}

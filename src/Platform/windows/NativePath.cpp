@@ -11,7 +11,10 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <memory>
 #include <string_view>
+#include <system_error>
+#include <vector>
 
 namespace
 {
@@ -33,6 +36,18 @@ std::wstring fullPath(std::wstring const & path)
     return full;
 }
 
+/** A full path behind the prefix, unless it has one or names a device. */
+std::wstring prefixed(std::wstring const & full)
+{
+    if (full.empty() || beginsWith(full, plainPrefix) || beginsWith(full, L"\\\\.\\")) {
+        return full;
+    }
+    if (beginsWith(full, L"\\\\")) {
+        return std::wstring(sharePrefix).append(full, 2);
+    }
+    return std::wstring(plainPrefix) + full;
+}
+
 /**
  * The spelling under which the system takes a path of any length. Short ones stay as they are: behind the
  * prefix neither dots nor slashes mean anything, nor do names of devices.
@@ -41,13 +56,56 @@ std::wstring unlimited(std::wstring const & path)
 {
     constexpr std::size_t longestDirectory = MAX_PATH - 12; // a file in it has a short name at least
     std::wstring const full = fullPath(path);
-    if (full.size() < longestDirectory || beginsWith(full, plainPrefix) || beginsWith(full, L"\\\\.\\")) {
-        return path;
+    return full.size() < longestDirectory ? path : prefixed(full);
+}
+
+[[noreturn]] void throwLastError(std::wstring const & path)
+{
+    std::error_code const failure(static_cast<int>(GetLastError()), std::system_category());
+    throw std::filesystem::filesystem_error("cannot remove all", path, failure);
+}
+
+struct CloseSearch
+{
+    using pointer = HANDLE;
+    void operator()(HANDLE search) const { FindClose(search); }
+};
+
+/** Something in a directory. */
+struct Entry
+{
+    std::wstring path;
+    DWORD attributes;
+};
+
+std::vector<Entry> entriesOf(std::wstring const & directory)
+{
+    WIN32_FIND_DATAW found = {};
+    HANDLE const first = FindFirstFileW((directory + L"\\*").c_str(), &found);
+    if (first == INVALID_HANDLE_VALUE) {
+        throwLastError(directory);
     }
-    if (beginsWith(full, L"\\\\")) {
-        return std::wstring(sharePrefix).append(full, 2);
+    std::unique_ptr<HANDLE, CloseSearch> const search(first);
+    std::vector<Entry> entries;
+    do {
+        std::wstring_view const name = found.cFileName;
+        if (name != L"." && name != L"..") {
+            entries.push_back({directory + L'\\' + found.cFileName, found.dwFileAttributes});
+        }
+    } while (FindNextFileW(search.get(), &found) != 0);
+    return entries;
+}
+
+/** Enters no junction and no link to a directory: those are removed as they are. */
+void removeEntry(Entry const & entry)
+{
+    constexpr DWORD kinds = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
+    if ((entry.attributes & kinds) == FILE_ATTRIBUTE_DIRECTORY) {
+        for (Entry const & inner : entriesOf(entry.path)) {
+            removeEntry(inner);
+        }
     }
-    return std::wstring(plainPrefix) + full;
+    std::filesystem::remove(entry.path);
 }
 } // namespace
 
@@ -90,4 +148,20 @@ std::string NativePath::textOf(std::filesystem::path const & path)
 bool NativePath::createPrivateDirectory(ZyFilePath const & path)
 {
     return std::filesystem::create_directory(standard(path));
+}
+
+// All of it behind the prefix: a short path may have long ones in it, which not every standard library
+// removes.
+bool NativePath::removeTree(std::filesystem::path const & path)
+{
+    std::wstring whole = prefixed(fullPath(path.native()));
+    while (!whole.empty() && whole.back() == L'\\') {
+        whole.pop_back();
+    }
+    DWORD const attributes = GetFileAttributesW(whole.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) {
+        return std::filesystem::remove(path); // tells what is wrong, unless it is not there
+    }
+    removeEntry({whole, attributes});
+    return true;
 }

@@ -7,6 +7,7 @@
 #include <ZyFileSystem.h>
 #include <ZyFileWriter.h>
 #include <ZyString.h>
+#include <ZyTemporaryDir.h>
 #include <ZyZipArchive.h>
 #include <ZyZipFile.h>
 
@@ -59,17 +60,6 @@ ZyFilePath deep(ZyFilePath const & base)
     }
     return ZyFilePath(path);
 }
-
-/** Empty directories from the innermost one on: not every standard library removes a whole tree of such
- * names. */
-void removeUpTo(ZyFilePath directory, ZyFilePath const & last)
-{
-    while (directory.path().size() >= last.path().size()) {
-        EXPECT_TRUE(ZyFileSystem::Remove(directory)) << directory.path().c_str();
-        directory =
-            ZyFilePath(directory.path().toStdString().substr(0, directory.path().toStdString().rfind('\\')));
-    }
-}
 } // namespace
 
 TEST_F(NativeNames, TakesPathsBeyondTwoHundredAndSixtyCharacters)
@@ -88,7 +78,7 @@ TEST_F(NativeNames, TakesPathsBeyondTwoHundredAndSixtyCharacters)
     EXPECT_EQ(walked, std::vector<std::string>{file.path().toStdString()});
     EXPECT_TRUE(ZyFileSystem::Remove(file));
     EXPECT_FALSE(ZyFileSystem::Exists(file));
-    removeUpTo(directory, in("long"));
+    EXPECT_TRUE(ZyFileSystem::RemoveAll(in("long")));
     EXPECT_FALSE(ZyFileSystem::Exists(in("long")));
 }
 
@@ -111,10 +101,48 @@ TEST_F(NativeNames, SavesAndZipsUnderLongNamesAndInOtherLetters)
         EXPECT_EQ(archive.open(ZyFilePath("entry"), ZyZipArchive::Best).lock()->readRemaining().toStdString(),
                   "packed");
     }
-    for (char const * file : {"saved.txt", "saved.txt.zip"}) {
-        EXPECT_TRUE(ZyFileSystem::Remove(directory.appended(ZyFilePath(file))));
+    EXPECT_TRUE(ZyFileSystem::RemoveAll(in("long")));
+}
+
+TEST_F(NativeNames, OfAnyLengthAreRemovedWithTheirTree)
+{
+    for (char const * spelling : {"tree", "tree/"}) {
+        ZyFilePath const directory = deep(in("tree"));
+        ZyFileSystem::CreateDirectory(directory, true);
+        write(directory.appended(ZyFilePath("file.txt")), "x");
+        write(in(std::string("tree/") + otherLetters), "x");
+        EXPECT_TRUE(ZyFileSystem::RemoveAll(in(spelling)));
+        EXPECT_TRUE(names().empty());
+        EXPECT_FALSE(ZyFileSystem::RemoveAll(in(spelling)));
     }
-    removeUpTo(directory, in("long"));
+}
+
+TEST_F(NativeNames, OfAnyLengthLeaveWithTheirTemporaryDirectory)
+{
+    ZyFilePath path;
+    {
+        ZyTemporaryDir const directory;
+        path = directory.path();
+        ZyFileSystem::CreateDirectory(deep(path), true);
+        write(deep(path).appended(ZyFilePath("file.txt")), "x");
+    }
+    EXPECT_FALSE(ZyFileSystem::Exists(path));
+}
+
+TEST_F(NativeNames, OfAnOpenFileKeepItsTree)
+{
+    ZyFileSystem::CreateDirectory(in("tree"), false);
+    write(in("tree/open"), "x");
+    ZyFile file(in("tree/open"));
+    file.open(ZyIODevice::Read);
+    try {
+        ZyFileSystem::RemoveAll(in("tree"));
+        ADD_FAILURE() << "the file is open";
+    } catch (ZyFileException const & failure) {
+        EXPECT_EQ(failure.path1(), in("tree/open")) << "without the prefix";
+    }
+    file.close();
+    EXPECT_TRUE(ZyFileSystem::RemoveAll(in("tree")));
 }
 
 TEST_F(NativeNames, TellsLongPathsAsTheyWereGiven)
