@@ -14,7 +14,9 @@ function(zycore_settings target)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
   target_compile_definitions(${target} PRIVATE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
   if(MSVC)
-    target_compile_options(${target} PRIVATE /W4 /utf-8 $<$<BOOL:${ZYCORE_WARNINGS_AS_ERRORS}>:/WX>)
+    # Else the headers of the system make macros of min and max, and every C function a warning.
+    target_compile_definitions(${target} PRIVATE NOMINMAX _CRT_SECURE_NO_WARNINGS)
+    target_compile_options(${target} PRIVATE /W4 /utf-8 /Zc:__cplusplus $<$<BOOL:${ZYCORE_WARNINGS_AS_ERRORS}>:/WX>)
   else()
     target_compile_options(${target} PRIVATE -pedantic-errors -Wall -Wextra -Wconversion -Wshadow -Wnon-virtual-dtor
                                              -Woverloaded-virtual -Werror=format -Werror=address
