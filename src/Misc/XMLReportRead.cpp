@@ -131,14 +131,14 @@ private:
             run.seed = sp_atoi64(element.attribute(names().seed).c_str());
             run.hasSeed = true;
         }
-        ZyString const name = element.attribute(names().name, "");
-        ZyString const description = element.attribute(names().description, "");
+        // As they are kept, which is up to a zero byte: nothing may be left.
+        YString const name = element.attribute(names().name, "");
+        YString const description = element.attribute(names().description, "");
         if (!name.isEmpty()) {
             run.name = name;
             run.hasName = true;
         } else {
-            run.description =
-                description.isEmpty() ? YString("Run=") + YString(run.caseNumber) : description.toYString();
+            run.description = description.isEmpty() ? YString("Run=") + YString(run.caseNumber) : description;
         }
         for (ZyXMLDomElement const & parameter : element.children(names().parameter)) {
             spend(1);

@@ -112,6 +112,16 @@ TEST(XMLReportRead, Deliberate_read_descriptions_are_not_marked)
     EXPECT_FALSE(result.table.find(1)->hasDescription);
 }
 
+// Texts are kept up to a zero byte, so such a name could not be written again.
+TEST(XMLReportRead, NameThatBeginsWithAZeroByteIsNone)
+{
+    std::string const name("\0\0x", 3);
+    Result const result = readInside("<steps><step case='1' name='" + name + "'/></steps>");
+    ASSERT_TRUE(result.isGood);
+    EXPECT_FALSE(result.table.find(1)->hasName);
+    EXPECT_EQ(result.table.find(1)->description, "Run=1");
+}
+
 TEST(XMLReportRead, AcceptsAFileWithoutAVersionAndRefusesAnother)
 {
     EXPECT_TRUE(read("<msw><header title='t'/></msw>").isGood);
