@@ -113,10 +113,11 @@ TEST(XMLReportRead, Deliberate_read_descriptions_are_not_marked)
 }
 
 // Texts are kept up to a zero byte, so such a name could not be written again.
-TEST(XMLReportRead, NameThatBeginsWithAZeroByteIsNone)
+TEST(XMLReportRead, TextThatBeginsWithAZeroByteIsNone)
 {
-    std::string const name("\0\0x", 3);
-    Result const result = readInside("<steps><step case='1' name='" + name + "'/></steps>");
+    std::string const text("\0\0x", 3);
+    Result const result =
+        readInside("<steps><step case='1' name='" + text + "' description='" + text + "'/></steps>");
     ASSERT_TRUE(result.isGood);
     EXPECT_FALSE(result.table.find(1)->hasName);
     EXPECT_EQ(result.table.find(1)->description, "Run=1");
