@@ -3,7 +3,7 @@
 //
 // The functions of the C libraries agree but for the last bit or two. A result file keeps numbers to the last
 // bit, so these are made of the four operations and the square root alone, which every processor rounds in
-// the same way. They are right within four units in the last place.
+// the same way. They are right within four units in the last place, unless told otherwise.
 #pragma once
 
 /** \param number a number below or at 0, an infinity and no number have the results of std::log */
@@ -15,7 +15,9 @@ double commonLogarithm(double number);
 /** \param exponent within -700 and 700 */
 double exponential(double exponent);
 
-/** Exact for whole exponents between -22 and 22, as far as a double is. \param exponent within -300 and 300
+/**
+ * Exact for whole exponents between -22 and 22, as far as a double is. Beyond these each further ten may cost
+ * half a unit in the last place. \param exponent within -300 and 300
  */
 double powerOfTen(double exponent);
 
